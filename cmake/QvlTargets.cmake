@@ -1,0 +1,20 @@
+# How every target of this project is built.
+
+add_library(qvl_options INTERFACE)
+target_include_directories(qvl_options INTERFACE "${PROJECT_SOURCE_DIR}")
+target_compile_options(qvl_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Werror)
+
+# qvl_library(NAME SOURCES... [LINKS targets...]): one room of the house as a static library.
+# A source named *_platform.cpp stands for the file of the system that is built for.
+function(qvl_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  if(WIN32)
+    list(TRANSFORM ARG_SOURCES REPLACE "_platform\\.cpp$" "_windows.cpp")
+  else()
+    list(TRANSFORM ARG_SOURCES REPLACE "_platform\\.cpp$" "_posix.cpp")
+  endif()
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE qvl_options)
+  target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
+endfunction()

@@ -1,0 +1,76 @@
+#include "entries/text_sink.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+
+namespace qvl {
+
+void TextSink::Append(std::string_view text) {
+  const std::size_t length = std::min(text.size(), capacity_ - size_);
+  if (length == 0) return;
+  std::memcpy(out_ + size_, text.data(), length);
+  size_ += length;
+  Terminate();
+}
+
+void TextSink::AppendDecimal(std::uint32_t value) {
+  std::array<char, 10> digits;
+  const std::to_chars_result end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), value);
+  Append(std::string_view(digits.data(), static_cast<std::size_t>(end.ptr - digits.data())));
+}
+
+void TextSink::AppendSigned(std::int32_t value) {
+  std::array<char, 11> digits;
+  const std::to_chars_result end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), value);
+  Append(std::string_view(digits.data(), static_cast<std::size_t>(end.ptr - digits.data())));
+}
+
+void TextSink::AppendHex(std::uint32_t value, int digits, bool upperCase) {
+  const char* const alphabet = upperCase ? "0123456789ABCDEF" : "0123456789abcdef";
+  std::array<char, 8> text;
+  std::size_t begin = text.size();
+  while (value != 0 || static_cast<int>(text.size() - begin) < digits) {
+    text[--begin] = alphabet[value & 15U];
+    value >>= 4U;
+  }
+  Append(std::string_view(text.data() + begin, text.size() - begin));
+}
+
+void TextSink::AppendArgument(Conversion conversion, const Argument& argument) {
+  switch (conversion) {
+    case Conversion::kText:
+      Append(argument.text);
+      break;
+    case Conversion::kUnsigned:
+      AppendDecimal(argument.number);
+      break;
+    case Conversion::kSigned:
+      AppendSigned(static_cast<std::int32_t>(argument.number));
+      break;
+    case Conversion::kHex2:
+      AppendHex(argument.number, 2);
+      break;
+    case Conversion::kHex4:
+      AppendHex(argument.number, 4);
+      break;
+    case Conversion::kHex8:
+      AppendHex(argument.number, 8);
+      break;
+    case Conversion::kHex2Lower:
+      AppendHex(argument.number, 2, false);
+      break;
+  }
+}
+
+void TextSink::FormatParts(const char* text, std::span<const MessagePart> parts,
+                           std::span<const Argument> arguments) {
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    Append(std::string_view(text + parts[i].begin, parts[i].length));
+    if (i < arguments.size()) AppendArgument(parts[i].conversion, arguments[i]);
+  }
+}
+
+}  // namespace qvl

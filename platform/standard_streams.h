@@ -1,0 +1,36 @@
+#ifndef QVL_PLATFORM_STANDARD_STREAMS_H_
+#define QVL_PLATFORM_STANDARD_STREAMS_H_
+
+#include <string>
+#include <vector>
+
+#include "platform/byte_stream.h"
+
+namespace qvl {
+
+/// Standard input as bytes: no translation of line ends on any system.
+class StandardInput : public ByteSource {
+ public:
+  Status Read(std::span<std::uint8_t> into, std::size_t& got) override;
+};
+
+/// Standard output or standard error as bytes, unbuffered.
+class StandardOutput : public ByteSink {
+ public:
+  enum class Stream : std::uint8_t { kOutput, kError };
+
+  explicit StandardOutput(Stream stream) : stream_(stream) {}
+
+  Status Write(std::string_view bytes) override;
+
+ private:
+  Stream stream_;
+};
+
+/// The program's arguments without its own name: the process's bytes on POSIX systems, UTF-8 on
+/// Windows whatever the code page.
+std::vector<std::string> ProgramArguments(int argc, char** argv);
+
+}  // namespace qvl
+
+#endif  // QVL_PLATFORM_STANDARD_STREAMS_H_

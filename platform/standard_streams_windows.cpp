@@ -1,0 +1,58 @@
+#include <windows.h>
+// Needs the declarations of windows.h before it.
+#include <shellapi.h>
+
+#include <algorithm>
+
+#include "platform/standard_streams.h"
+#include "platform/wide_text_windows.h"
+
+namespace qvl {
+namespace {
+
+constexpr std::size_t kLargestTransfer = std::size_t{1} << 20U;
+
+}  // namespace
+
+Status StandardInput::Read(std::span<std::uint8_t> into, std::size_t& got) {
+  got = 0;
+  const HANDLE handle = ::GetStdHandle(STD_INPUT_HANDLE);
+  while (got < into.size()) {
+    const auto want = static_cast<DWORD>(std::min(into.size() - got, kLargestTransfer));
+    DWORD count = 0;
+    if (::ReadFile(handle, into.data() + got, want, &count, nullptr) == 0) {
+      // The writer of a pipe that closes its end is how a pipe ends.
+      const DWORD error = ::GetLastError();
+      if (error == ERROR_BROKEN_PIPE || error == ERROR_HANDLE_EOF) break;
+      return Status::Failed("cannot read standard input: " + SystemErrorText(error));
+    }
+    if (count == 0) break;
+    got += count;
+  }
+  return Status::Ok();
+}
+
+Status StandardOutput::Write(std::string_view bytes) {
+  const HANDLE handle =
+      ::GetStdHandle(stream_ == Stream::kOutput ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
+  while (!bytes.empty()) {
+    const auto want = static_cast<DWORD>(std::min(bytes.size(), kLargestTransfer));
+    DWORD count = 0;
+    if (::WriteFile(handle, bytes.data(), want, &count, nullptr) == 0 || count == 0) {
+      return Status::Failed("cannot write standard output: " + SystemErrorText(::GetLastError()));
+    }
+    bytes.remove_prefix(count);
+  }
+  return Status::Ok();
+}
+
+std::vector<std::string> ProgramArguments(int /*argc*/, char** /*argv*/) {
+  int count = 0;
+  LPWSTR* const arguments = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+  std::vector<std::string> texts;
+  for (int i = 1; i < count; ++i) texts.push_back(Utf8FromWide(arguments[i]));
+  ::LocalFree(arguments);
+  return texts;
+}
+
+}  // namespace qvl
