@@ -1,0 +1,111 @@
+#include "files/log_file.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <vector>
+
+#include "platform/exclusive_file.h"
+#include "texts/strings.h"
+
+namespace qvl {
+namespace {
+
+constexpr std::size_t kWriteRecords = 256;
+
+LogFileResult Failed(LogFileError error, std::string message) {
+  return {error, std::move(message)};
+}
+
+}  // namespace
+
+LogFileResult LogReader::ReadHeader() {
+  const std::string_view expected = GetString(StringId::kLogFileHeader, Language::kEnglish);
+  std::array<std::uint8_t, kLogFileHeaderSize> header{};
+  std::size_t got = 0;
+  const Status status = source_.Read(header, got);
+  if (!status.ok()) return Failed(LogFileError::kReadFailed, status.message());
+  if (got != header.size() || std::memcmp(header.data(), expected.data(), header.size()) != 0) {
+    return Failed(LogFileError::kNotALog, "not a Quarvel Log file");
+  }
+  return {};
+}
+
+LogFileResult LogReader::ReadRecords(std::span<CEventLogEntry> into, std::size_t& got) {
+  got = 0;
+  while (got < into.size()) {
+    const std::size_t wanted = std::min(into.size() - got, kBufferRecords);
+    std::size_t bytes = 0;
+    const Status status =
+        source_.Read(std::span(buffer_).first(wanted * kLogFileRecordSize), bytes);
+    const std::size_t records = bytes / kLogFileRecordSize;
+    for (std::size_t i = 0; i < records; ++i) {
+      RawLogEntry raw;
+      std::memcpy(&raw, buffer_.data() + i * kLogFileRecordSize, sizeof raw);
+      into[got + i].SetRawEntry(raw);
+    }
+    got += records;
+    if (!status.ok()) return Failed(LogFileError::kReadFailed, status.message());
+    if (records < wanted) break;
+  }
+  return {};
+}
+
+LogFileResult LoadLog(ByteSource& source, EntryList& entries) {
+  entries.Clear();
+  const auto reader = std::make_unique<LogReader>(source);
+  LogFileResult result = reader->ReadHeader();
+  while (result.ok()) {
+    const std::span<CEventLogEntry> room = entries.Room();
+    std::size_t got = 0;
+    result = reader->ReadRecords(room, got);
+    entries.Grow(got);
+    if (got < room.size()) break;
+  }
+  return result;
+}
+
+LogFileResult LoadLogFile(const std::string& path, EntryList& entries) {
+  entries.Clear();
+  ExclusiveFile file;
+  const Status status = file.Open(path, ExclusiveFile::Mode::kRead);
+  if (!status.ok()) return Failed(LogFileError::kCannotOpen, status.message());
+  return LoadLog(file, entries);
+}
+
+Status WriteLogHeader(ByteSink& sink) {
+  return sink.Write(GetString(StringId::kLogFileHeader, Language::kEnglish));
+}
+
+Status WriteLogRecords(std::span<const CEventLogEntry> entries, ByteSink& sink) {
+  // The second half of every record in the buffer stays zero.
+  std::vector<char> buffer(std::min(entries.size(), kWriteRecords) * kLogFileRecordSize);
+  while (!entries.empty()) {
+    const std::size_t count = std::min(entries.size(), kWriteRecords);
+    for (std::size_t i = 0; i < count; ++i) {
+      std::memcpy(buffer.data() + i * kLogFileRecordSize, &entries[i].raw(), sizeof(RawLogEntry));
+    }
+    const Status status = sink.Write(std::string_view(buffer.data(), count * kLogFileRecordSize));
+    if (!status.ok()) return status;
+    entries = entries.subspan(count);
+  }
+  return Status::Ok();
+}
+
+Status SaveLogFile(const std::string& path, const EntryList& entries) {
+  ExclusiveFile file;
+  Status status = file.Open(path, ExclusiveFile::Mode::kOverwrite);
+  if (status.ok()) status = WriteLogHeader(file);
+  for (std::size_t begin = 0; begin < entries.size() && status.ok();
+       begin += EntryList::kBlockEntries) {
+    const std::size_t count = std::min(entries.size() - begin, EntryList::kBlockEntries);
+    status = WriteLogRecords(std::span(&entries[begin], count), file);
+  }
+  // A log that is about to be cleared on its machine may exist nowhere else: it counts as saved
+  // only when it is on the disk.
+  if (status.ok()) status = file.Flush();
+  const Status closed = file.Close();
+  return status.ok() ? closed : status;
+}
+
+}  // namespace qvl
