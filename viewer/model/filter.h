@@ -1,0 +1,88 @@
+#ifndef QVL_VIEWER_MODEL_FILTER_H_
+#define QVL_VIEWER_MODEL_FILTER_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "entries/entry_list.h"
+#include "entries/log_time.h"
+#include "platform/local_time.h"
+
+namespace qvl {
+
+/// The four criteria, each a text of its choice list in the process's language. A criterion that
+/// reads "(All)" restricts nothing.
+struct FilterChoices {
+  FilterChoices();
+
+  std::string eventClass;
+  std::string severity;
+  std::string updateTime;
+  std::string initialTime;
+
+  /// True when at least one criterion restricts.
+  bool IsActive() const;
+
+  friend bool operator==(const FilterChoices&, const FilterChoices&) = default;
+};
+
+/// What each list offers, in this order, "(All)" first. The classes that only appear under
+/// "(All)" are left out on purpose: infrastructure, node controllers and empty records.
+std::vector<std::string_view> ClassChoices();
+std::vector<std::string_view> SeverityChoices();
+std::vector<std::string_view> TimeChoices();
+
+inline constexpr std::size_t kNoChoice = static_cast<std::size_t>(-1);
+
+/// The first choice that begins with `text`, ignoring ASCII case, as a combo box selects by text;
+/// an empty text selects the first choice. `kNoChoice` when none does.
+std::size_t FindChoice(const std::vector<std::string_view>& choices, std::string_view text);
+
+/// Tests whether time stamps lie at or after a moment. The system's clock rules decide only near
+/// the moment itself, where a change of daylight-saving time can matter; elsewhere the stamps
+/// compare as they stand.
+class TimeTest {
+ public:
+  explicit TimeTest(Moment since);
+
+  /// The moment that a time choice stands for, whole days of 24 hours before `now`.
+  static Moment SinceChoice(std::string_view choice, Moment now);
+
+  /// A missing or impossible stamp never passes.
+  bool Passes(LogTime time) const;
+
+ private:
+  Moment since_;
+  std::uint64_t certainlyBefore_;
+  std::uint64_t certainlyAfter_;
+};
+
+/// The entries that pass every criterion, in list order.
+/// now  the clock that the time criteria count back from.
+std::vector<EntryIndex> FilterEntries(const EntryList& entries, const FilterChoices& choices,
+                                      Moment now);
+
+/// The same test for one entry at a time, for logs that are read in a stream.
+class EntryFilter {
+ public:
+  EntryFilter(const FilterChoices& choices, Moment now);
+
+  bool Passes(const CEventLogEntry& entry) const;
+
+ private:
+  bool PassesTime(const std::vector<TimeTest>& tests, LogTime time) const;
+
+  bool anyClass_;
+  bool anySeverity_;
+  std::vector<bool> classPasses_;  // by class number
+  std::vector<std::uint8_t> severityPasses_;
+  std::vector<TimeTest> updateTests_;  // none, or one
+  std::vector<TimeTest> initialTests_;
+};
+
+}  // namespace qvl
+
+#endif  // QVL_VIEWER_MODEL_FILTER_H_
