@@ -3,6 +3,8 @@
 
 #include <compare>
 #include <cstdint>
+#include <cstring>
+#include <type_traits>
 
 namespace qvl {
 
@@ -26,12 +28,17 @@ struct LogTime {
   constexpr bool HasValidDate() const {
     constexpr int kFirstYear = 1601;
     if (FullYear() < kFirstYear || month < 1 || month > 12 || day < 1) return false;
-    return day <= DaysInMonth();
+    return day <= 28 || day <= DaysInMonth();
   }
   constexpr bool HasValidTimeOfDay() const { return hour <= 23 && minute <= 59; }
 
   /// The six bytes as one number that orders like the stamp.
   constexpr std::uint64_t Packed() const {
+    if (!std::is_constant_evaluated()) {
+      std::uint64_t bytes = 0;
+      std::memcpy(&bytes, this, 6);
+      return __builtin_bswap64(bytes) >> 16U;
+    }
     return std::uint64_t{century} << 40U | std::uint64_t{year} << 32U |
            std::uint64_t{month} << 24U | std::uint64_t{day} << 16U | std::uint64_t{hour} << 8U |
            std::uint64_t{minute};

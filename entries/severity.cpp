@@ -1,21 +1,28 @@
 #include "entries/severity.h"
 
+#include <array>
+
 namespace qvl {
+namespace {
+
+using Names = std::array<std::string_view, 256>;
+
+Names CollectNames(Language language) {
+  Names names;
+  names[kInformationalMinor] = GetString(StringId::kSeverityInformational, language);
+  names[kInformational] = GetString(StringId::kSeverityInformational, language);
+  names[kRepaired] = GetString(StringId::kSeverityRepaired, language);
+  names[kCaution] = GetString(StringId::kSeverityCaution, language);
+  names[kCritical] = GetString(StringId::kSeverityCritical, language);
+  return names;
+}
+
+}  // namespace
 
 std::string_view SeverityName(std::uint8_t severity, Language language) {
-  switch (severity) {
-    case kInformationalMinor:
-    case kInformational:
-      return GetString(StringId::kSeverityInformational, language);
-    case kRepaired:
-      return GetString(StringId::kSeverityRepaired, language);
-    case kCaution:
-      return GetString(StringId::kSeverityCaution, language);
-    case kCritical:
-      return GetString(StringId::kSeverityCritical, language);
-    default:
-      return {};
-  }
+  static const Names english = CollectNames(Language::kEnglish);
+  static const Names japanese = CollectNames(Language::kJapanese);
+  return (language == Language::kJapanese ? japanese : english)[severity];
 }
 
 int SeverityImage(std::uint8_t severity) {

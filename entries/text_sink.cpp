@@ -1,28 +1,24 @@
 #include "entries/text_sink.h"
 
-#include <algorithm>
 #include <charconv>
-#include <cstring>
 
 namespace qvl {
+namespace {
 
-void TextSink::Append(std::string_view text) {
-  const std::size_t length = std::min(text.size(), capacity_ - size_);
-  if (length == 0) return;
-  std::memcpy(out_ + size_, text.data(), length);
-  size_ += length;
-  Terminate();
-}
+// The digits of any number, and more than `Append` copies without a call.
+constexpr std::size_t kDigitRoom = 24;
+
+}  // namespace
 
 void TextSink::AppendDecimal(std::uint32_t value) {
-  std::array<char, 10> digits;
+  std::array<char, kDigitRoom> digits;
   const std::to_chars_result end =
       std::to_chars(digits.data(), digits.data() + digits.size(), value);
   Append(std::string_view(digits.data(), static_cast<std::size_t>(end.ptr - digits.data())));
 }
 
 void TextSink::AppendSigned(std::int32_t value) {
-  std::array<char, 11> digits;
+  std::array<char, kDigitRoom> digits;
   const std::to_chars_result end =
       std::to_chars(digits.data(), digits.data() + digits.size(), value);
   Append(std::string_view(digits.data(), static_cast<std::size_t>(end.ptr - digits.data())));
@@ -30,7 +26,7 @@ void TextSink::AppendSigned(std::int32_t value) {
 
 void TextSink::AppendHex(std::uint32_t value, int digits, bool upperCase) {
   const char* const alphabet = upperCase ? "0123456789ABCDEF" : "0123456789abcdef";
-  std::array<char, 8> text;
+  std::array<char, kDigitRoom> text;
   std::size_t begin = text.size();
   while (value != 0 || static_cast<int>(text.size() - begin) < digits) {
     text[--begin] = alphabet[value & 15U];

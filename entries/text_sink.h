@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string_view>
 
@@ -38,7 +39,13 @@ class TextSink {
   TextSink& operator=(const TextSink&) = delete;
 
   /// Appends bytes as they are, as many as fit.
-  void Append(std::string_view text);
+  void Append(std::string_view text) {
+    const std::size_t room = capacity_ - size_;
+    const std::size_t length = text.size() < room ? text.size() : room;
+    Copy(out_ + size_, text.data(), length);
+    size_ += length;
+    Terminate();
+  }
   void Append(const Text& text) {
     Observe(text.origin());
     Append(text.view());
@@ -77,6 +84,29 @@ class TextSink {
   }
   void Terminate() {
     if (terminated_) out_[size_] = '\0';
+  }
+
+  // Most pieces of a description are shorter than a call of the C library is worth: two moves
+  // that may overlap copy them.
+  static void Copy(char* to, const char* from, std::size_t length) {
+    if (length > 16) {
+      std::memcpy(to, from, length);
+    } else if (length >= 8) {
+      CopyEnds<std::uint64_t>(to, from, length);
+    } else if (length >= 4) {
+      CopyEnds<std::uint32_t>(to, from, length);
+    } else {
+      for (std::size_t i = 0; i < length; ++i) to[i] = from[i];
+    }
+  }
+  template <typename Word>
+  static void CopyEnds(char* to, const char* from, std::size_t length) {
+    Word first;
+    Word last;
+    std::memcpy(&first, from, sizeof first);
+    std::memcpy(&last, from + length - sizeof last, sizeof last);
+    std::memcpy(to, &first, sizeof first);
+    std::memcpy(to + length - sizeof last, &last, sizeof last);
   }
 
   char* out_;

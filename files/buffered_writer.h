@@ -28,14 +28,15 @@ class BufferedWriter {
 
   bool ok() const { return status_.ok(); }
 
+  /// Hands what is buffered to the sink.
+  void Flush();
+
   /// Writes what is left. Returns the first failure of the writer's life.
   Status Finish();
 
   static constexpr std::size_t kLargestRoom = 8192;
 
  private:
-  void Flush();
-
   static constexpr std::size_t kSize = 256 * 1024;
 
   ByteSink& sink_;

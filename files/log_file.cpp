@@ -3,15 +3,12 @@
 #include <algorithm>
 #include <cstring>
 #include <memory>
-#include <vector>
 
 #include "platform/exclusive_file.h"
 #include "texts/strings.h"
 
 namespace qvl {
 namespace {
-
-constexpr std::size_t kWriteRecords = 256;
 
 LogFileResult Failed(LogFileError error, std::string message) {
   return {error, std::move(message)};
@@ -73,34 +70,27 @@ LogFileResult LoadLogFile(const std::string& path, EntryList& entries) {
   return LoadLog(file, entries);
 }
 
-Status WriteLogHeader(ByteSink& sink) {
-  return sink.Write(GetString(StringId::kLogFileHeader, Language::kEnglish));
+void AppendLogHeader(BufferedWriter& out) {
+  out.Append(GetString(StringId::kLogFileHeader, Language::kEnglish));
 }
 
-Status WriteLogRecords(std::span<const CEventLogEntry> entries, ByteSink& sink) {
-  // The second half of every record in the buffer stays zero.
-  std::vector<char> buffer(std::min(entries.size(), kWriteRecords) * kLogFileRecordSize);
-  while (!entries.empty()) {
-    const std::size_t count = std::min(entries.size(), kWriteRecords);
-    for (std::size_t i = 0; i < count; ++i) {
-      std::memcpy(buffer.data() + i * kLogFileRecordSize, &entries[i].raw(), sizeof(RawLogEntry));
-    }
-    const Status status = sink.Write(std::string_view(buffer.data(), count * kLogFileRecordSize));
-    if (!status.ok()) return status;
-    entries = entries.subspan(count);
-  }
-  return Status::Ok();
+void AppendLogRecord(const RawLogEntry& entry, BufferedWriter& out) {
+  char* const record = out.Room(kLogFileRecordSize);
+  std::memcpy(record, &entry, sizeof entry);
+  std::memset(record + sizeof entry, 0, kLogFileRecordSize - sizeof entry);
+  out.Commit(kLogFileRecordSize);
 }
 
 Status SaveLogFile(const std::string& path, const EntryList& entries) {
   ExclusiveFile file;
   Status status = file.Open(path, ExclusiveFile::Mode::kOverwrite);
-  if (status.ok()) status = WriteLogHeader(file);
-  for (std::size_t begin = 0; begin < entries.size() && status.ok();
-       begin += EntryList::kBlockEntries) {
-    const std::size_t count = std::min(entries.size() - begin, EntryList::kBlockEntries);
-    status = WriteLogRecords(std::span(&entries[begin], count), file);
+  if (!status.ok()) return status;
+  BufferedWriter out(file);
+  AppendLogHeader(out);
+  for (std::size_t i = 0; i < entries.size() && out.ok(); ++i) {
+    AppendLogRecord(entries[i].raw(), out);
   }
+  status = out.Finish();
   // A log that is about to be cleared on its machine may exist nowhere else: it counts as saved
   // only when it is on the disk.
   if (status.ok()) status = file.Flush();

@@ -10,6 +10,7 @@
 
 #include "entries/entry_list.h"
 #include "entries/raw_log_entry.h"
+#include "files/buffered_writer.h"
 #include "platform/byte_stream.h"
 #include "platform/status.h"
 
@@ -66,9 +67,9 @@ LogFileResult LoadLog(ByteSource& source, EntryList& entries);
 /// Returns success only when the system has taken every byte and closed the file.
 Status SaveLogFile(const std::string& path, const EntryList& entries);
 
-/// Writes the header and then entries to a sink.
-Status WriteLogHeader(ByteSink& sink);
-Status WriteLogRecords(std::span<const CEventLogEntry> entries, ByteSink& sink);
+/// The two pieces that a log file is made of.
+void AppendLogHeader(BufferedWriter& out);
+void AppendLogRecord(const RawLogEntry& entry, BufferedWriter& out);
 
 }  // namespace qvl
 

@@ -17,6 +17,11 @@ class ByteSource {
 
   /// Fills `into` from the current position. `got` is less than asked for only at the end.
   virtual Status Read(std::span<std::uint8_t> into, std::size_t& got) = 0;
+
+  /// Reads what is there, waiting only for the first byte. No byte means the end.
+  virtual Status ReadSome(std::span<std::uint8_t> into, std::size_t& got) {
+    return Read(into, got);
+  }
 };
 
 /// Where bytes go.

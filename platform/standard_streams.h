@@ -12,6 +12,7 @@ namespace qvl {
 class StandardInput : public ByteSource {
  public:
   Status Read(std::span<std::uint8_t> into, std::size_t& got) override;
+  Status ReadSome(std::span<std::uint8_t> into, std::size_t& got) override;
 };
 
 /// Standard output or standard error as bytes, unbuffered.

@@ -10,14 +10,25 @@ namespace qvl {
 Status StandardInput::Read(std::span<std::uint8_t> into, std::size_t& got) {
   got = 0;
   while (got < into.size()) {
-    const ssize_t count = ::read(STDIN_FILENO, into.data() + got, into.size() - got);
-    if (count == 0) break;
-    if (count < 0) {
-      if (errno == EINTR) continue;
-      return Status::Failed(std::string("cannot read standard input: ") + std::strerror(errno));
-    }
-    got += static_cast<std::size_t>(count);
+    std::size_t some = 0;
+    const Status status = ReadSome(into.subspan(got), some);
+    if (!status.ok()) return status;
+    if (some == 0) break;
+    got += some;
   }
+  return Status::Ok();
+}
+
+Status StandardInput::ReadSome(std::span<std::uint8_t> into, std::size_t& got) {
+  got = 0;
+  ssize_t count = -1;
+  do {
+    count = ::read(STDIN_FILENO, into.data(), into.size());
+  } while (count < 0 && errno == EINTR);
+  if (count < 0) {
+    return Status::Failed(std::string("cannot read standard input: ") + std::strerror(errno));
+  }
+  got = static_cast<std::size_t>(count);
   return Status::Ok();
 }
 

@@ -16,19 +16,27 @@ constexpr std::size_t kLargestTransfer = std::size_t{1} << 20U;
 
 Status StandardInput::Read(std::span<std::uint8_t> into, std::size_t& got) {
   got = 0;
-  const HANDLE handle = ::GetStdHandle(STD_INPUT_HANDLE);
   while (got < into.size()) {
-    const auto want = static_cast<DWORD>(std::min(into.size() - got, kLargestTransfer));
-    DWORD count = 0;
-    if (::ReadFile(handle, into.data() + got, want, &count, nullptr) == 0) {
-      // The writer of a pipe that closes its end is how a pipe ends.
-      const DWORD error = ::GetLastError();
-      if (error == ERROR_BROKEN_PIPE || error == ERROR_HANDLE_EOF) break;
-      return Status::Failed("cannot read standard input: " + SystemErrorText(error));
-    }
-    if (count == 0) break;
-    got += count;
+    std::size_t some = 0;
+    const Status status = ReadSome(into.subspan(got), some);
+    if (!status.ok()) return status;
+    if (some == 0) break;
+    got += some;
   }
+  return Status::Ok();
+}
+
+Status StandardInput::ReadSome(std::span<std::uint8_t> into, std::size_t& got) {
+  got = 0;
+  const auto want = static_cast<DWORD>(std::min(into.size(), kLargestTransfer));
+  DWORD count = 0;
+  if (::ReadFile(::GetStdHandle(STD_INPUT_HANDLE), into.data(), want, &count, nullptr) == 0) {
+    // The writer of a pipe that closes its end is how a pipe ends.
+    const DWORD error = ::GetLastError();
+    if (error == ERROR_BROKEN_PIPE || error == ERROR_HANDLE_EOF) return Status::Ok();
+    return Status::Failed("cannot read standard input: " + SystemErrorText(error));
+  }
+  got = count;
   return Status::Ok();
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "entries/event_class.h"
 #include "entries/severity.h"
 #include "texts/strings.h"
 
@@ -55,6 +54,8 @@ constexpr Moment kSecondsPerDay = 86400;
 
 // Farther from the moment than any clock has ever been turned at once.
 constexpr Moment kUncertainty = 2 * kSecondsPerDay;
+
+constexpr std::size_t kReadAhead = 16;
 
 template <std::size_t N>
 std::vector<std::string_view> Texts(const StringId (&ids)[N]) {
@@ -133,48 +134,36 @@ Moment TimeTest::SinceChoice(std::string_view choice, Moment now) {
   return now - days * kSecondsPerDay;
 }
 
-bool TimeTest::Passes(LogTime time) const {
-  if (time.IsMissing() || !time.HasValidDate() || !time.HasValidTimeOfDay()) return false;
-  const std::uint64_t packed = time.Packed();
-  if (packed < certainlyBefore_) return false;
-  if (packed > certainlyAfter_) return true;
+bool TimeTest::PassesNear(LogTime time) const {
+  if (time == lastTime_) return lastPassed_;
   Moment moment = 0;
   const WallTime wall{time.FullYear(), time.month, time.day, time.hour, time.minute, 0};
-  return ToMoment(wall, moment) && moment >= since_;
+  lastTime_ = time;
+  lastPassed_ = ToMoment(wall, moment) && moment >= since_;
+  return lastPassed_;
 }
 
-EntryFilter::EntryFilter(const FilterChoices& choices, Moment now)
-    : anyClass_(IsAll(choices.eventClass)),
-      anySeverity_(IsAll(choices.severity)),
-      classPasses_(kEventClassEnd),
-      severityPasses_(256) {
-  for (std::size_t i = 0; i < kEventClassEnd; ++i) {
-    const std::string_view name = EventClassName(static_cast<std::uint16_t>(i), CurrentLanguage());
-    classPasses_[i] = !name.empty() && name == choices.eventClass;
+EntryFilter::EntryFilter(const FilterChoices& choices, Moment now) {
+  if (IsAll(choices.eventClass)) {
+    classPasses_.fill(1);
+  } else {
+    for (std::size_t i = 0; i < kEventClassEnd; ++i) {
+      const std::string_view name =
+          EventClassName(static_cast<std::uint16_t>(i), CurrentLanguage());
+      classPasses_[i] = !name.empty() && name == choices.eventClass ? 1 : 0;
+    }
   }
   for (std::size_t i = 0; i < severityPasses_.size(); ++i) {
     const std::string_view name = SeverityName(static_cast<std::uint8_t>(i), CurrentLanguage());
-    severityPasses_[i] = !name.empty() && name == choices.severity ? 1 : 0;
+    const bool passes = IsAll(choices.severity) || (!name.empty() && name == choices.severity);
+    severityPasses_[i] = passes ? 1 : 0;
   }
   if (!IsAll(choices.updateTime)) {
-    updateTests_.emplace_back(TimeTest::SinceChoice(choices.updateTime, now));
+    updateTest_.emplace(TimeTest::SinceChoice(choices.updateTime, now));
   }
   if (!IsAll(choices.initialTime)) {
-    initialTests_.emplace_back(TimeTest::SinceChoice(choices.initialTime, now));
+    initialTest_.emplace(TimeTest::SinceChoice(choices.initialTime, now));
   }
-}
-
-bool EntryFilter::PassesTime(const std::vector<TimeTest>& tests, LogTime time) const {
-  return tests.empty() || tests.front().Passes(time);
-}
-
-bool EntryFilter::Passes(const CEventLogEntry& entry) const {
-  const RawLogEntry& raw = entry.raw();
-  if (!anyClass_ && (raw.eventClass >= kEventClassEnd || !classPasses_[raw.eventClass])) {
-    return false;
-  }
-  if (!anySeverity_ && severityPasses_[raw.severity] == 0) return false;
-  return PassesTime(updateTests_, raw.updateTime) && PassesTime(initialTests_, raw.initialTime);
 }
 
 std::vector<EntryIndex> FilterEntries(const EntryList& entries, const FilterChoices& choices,
@@ -186,6 +175,8 @@ std::vector<EntryIndex> FilterEntries(const EntryList& entries, const FilterChoi
     const std::size_t end = std::min(begin + EntryList::kBlockEntries, entries.size());
     const CEventLogEntry* entry = &entries[begin];
     for (std::size_t i = begin; i < end; ++i, ++entry) {
+      // A record lies beyond what the processor fetches by itself.
+      __builtin_prefetch(entry + kReadAhead);
       // Written always and counted only when it passes: no branch to mispredict.
       passed[count] = static_cast<EntryIndex>(i);
       count += filter.Passes(*entry) ? 1U : 0U;

@@ -1,13 +1,16 @@
 #ifndef QVL_VIEWER_MODEL_FILTER_H_
 #define QVL_VIEWER_MODEL_FILTER_H_
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "entries/entry_list.h"
+#include "entries/event_class.h"
 #include "entries/log_time.h"
 #include "platform/local_time.h"
 
@@ -52,12 +55,22 @@ class TimeTest {
   static Moment SinceChoice(std::string_view choice, Moment now);
 
   /// A missing or impossible stamp never passes.
-  bool Passes(LogTime time) const;
+  bool Passes(LogTime time) const {
+    const std::uint64_t packed = time.Packed();
+    if (packed < certainlyBefore_) return false;
+    if (time.IsMissing() || !time.HasValidDate() || !time.HasValidTimeOfDay()) return false;
+    return packed > certainlyAfter_ || PassesNear(time);
+  }
 
  private:
+  bool PassesNear(LogTime time) const;
+
   Moment since_;
   std::uint64_t certainlyBefore_;
   std::uint64_t certainlyAfter_;
+  // The last stamp that the system was asked about: a log's entries come in the order of time.
+  mutable LogTime lastTime_;
+  mutable bool lastPassed_ = false;
 };
 
 /// The entries that pass every criterion, in list order.
@@ -70,17 +83,20 @@ class EntryFilter {
  public:
   EntryFilter(const FilterChoices& choices, Moment now);
 
-  bool Passes(const CEventLogEntry& entry) const;
+  bool Passes(const CEventLogEntry& entry) const {
+    const RawLogEntry& raw = entry.raw();
+    const std::size_t eventClass =
+        raw.eventClass < kEventClassEnd ? raw.eventClass : kEventClassEnd;
+    return (classPasses_[eventClass] & severityPasses_[raw.severity]) != 0 &&
+           (!updateTest_ || updateTest_->Passes(raw.updateTime)) &&
+           (!initialTest_ || initialTest_->Passes(raw.initialTime));
+  }
 
  private:
-  bool PassesTime(const std::vector<TimeTest>& tests, LogTime time) const;
-
-  bool anyClass_;
-  bool anySeverity_;
-  std::vector<bool> classPasses_;  // by class number
-  std::vector<std::uint8_t> severityPasses_;
-  std::vector<TimeTest> updateTests_;  // none, or one
-  std::vector<TimeTest> initialTests_;
+  std::array<std::uint8_t, kEventClassEnd + 1> classPasses_{};  // the last for all higher classes
+  std::array<std::uint8_t, 256> severityPasses_{};
+  std::optional<TimeTest> updateTest_;
+  std::optional<TimeTest> initialTest_;
 };
 
 }  // namespace qvl

@@ -20,6 +20,9 @@ namespace {
 
 using Keys = std::vector<std::uint64_t>;
 
+// A record lies beyond what the processor fetches by itself.
+constexpr std::size_t kReadAhead = 16;
+
 // The rank of each class's display name; classes without a name rank together, last.
 std::array<std::uint8_t, kEventClassEnd + 1> ClassNameRanks() {
   std::array<std::string_view, kEventClassEnd + 1> names;
@@ -35,74 +38,90 @@ std::array<std::uint8_t, kEventClassEnd + 1> ClassNameRanks() {
   return ranks;
 }
 
+// One number a row that orders like a column, and whether the rows' entry numbers rise (or fall,
+// for a descending order) already: then a stable sort breaks ties by itself.
+struct ColumnKeys {
+  Keys keys;
+  bool numbersInOrder = true;
+};
+
+// Collects keys in one walk over the records, which costs more than sorting the keys does.
 template <typename KeyOf>
-void FillKeys(const EntryList& entries, std::span<const EntryIndex> rows, Keys& keys, KeyOf keyOf) {
-  for (std::size_t i = 0; i < rows.size(); ++i) keys[i] = keyOf(entries[rows[i]]);
+ColumnKeys Collect(const EntryList& entries, std::span<const EntryIndex> rows, bool ascending,
+                   KeyOf keyOf) {
+  ColumnKeys collected{Keys(rows.size())};
+  const std::uint32_t turn = ascending ? 0 : 0xFFFFFFFF;
+  std::uint32_t previous = 0;
+  bool inOrder = true;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    __builtin_prefetch(&entries[rows[std::min(i + kReadAhead, rows.size() - 1)]]);
+    const CEventLogEntry& entry = entries[rows[i]];
+    const std::uint32_t number = entry.GetEntryNumber() ^ turn;
+    inOrder = inOrder && previous <= number;
+    previous = number;
+    collected.keys[i] = keyOf(entry);
+  }
+  collected.numbersInOrder = inOrder;
+  return collected;
 }
 
-void FillDescriptionKeys(const EntryList& entries, std::span<const EntryIndex> rows, Keys& keys) {
+ColumnKeys CollectDescriptions(const EntryList& entries, std::span<const EntryIndex> rows,
+                               bool ascending) {
   TextRanks texts;
   std::array<char, kDescriptionSize> buffer;
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    TextSink text(buffer);
-    entries[rows[i]].GetColumnText(Column::kDescription, text);
-    keys[i] = texts.Add(text.view());
-  }
-  const std::vector<std::uint32_t> ranks = texts.Ranks();
-  for (std::uint64_t& key : keys) key = ranks[key];
+  ColumnKeys collected =
+      Collect(entries, rows, ascending, [&](const CEventLogEntry& entry) -> std::uint64_t {
+        TextSink text(buffer);
+        entry.GetColumnText(Column::kDescription, text);
+        return texts.Add(text.view());
+      });
+  const std::vector<std::uint32_t> ranks = std::move(texts).Ranks();
+  for (std::uint64_t& key : collected.keys) key = ranks[key];
+  return collected;
 }
 
-// One number a row that orders like the column.
-Keys ColumnKeys(const EntryList& entries, std::span<const EntryIndex> rows, Column column) {
-  Keys keys(rows.size());
+ColumnKeys CollectColumn(const EntryList& entries, std::span<const EntryIndex> rows, Column column,
+                         bool ascending) {
   switch (column) {
     case Column::kDescription:
-      FillDescriptionKeys(entries, rows, keys);
-      break;
+      return CollectDescriptions(entries, rows, ascending);
     case Column::kClass:
-      FillKeys(entries, rows, keys,
-               [ranks = ClassNameRanks()](const CEventLogEntry& entry) -> std::uint64_t {
-                 return ranks[std::min<std::size_t>(entry.raw().eventClass, kEventClassEnd)];
-               });
-      break;
+      return Collect(entries, rows, ascending,
+                     [ranks = ClassNameRanks()](const CEventLogEntry& entry) -> std::uint64_t {
+                       return ranks[std::min<std::size_t>(entry.raw().eventClass, kEventClassEnd)];
+                     });
     case Column::kSeverity:
-      FillKeys(entries, rows, keys,
-               [](const CEventLogEntry& entry) { return entry.GetSeverity(); });
-      break;
+      return Collect(entries, rows, ascending,
+                     [](const CEventLogEntry& entry) { return entry.GetSeverity(); });
     case Column::kCount:
-      FillKeys(entries, rows, keys, [](const CEventLogEntry& entry) { return entry.GetCount(); });
-      break;
+      return Collect(entries, rows, ascending,
+                     [](const CEventLogEntry& entry) { return entry.GetCount(); });
     case Column::kUpdateTime:
-      FillKeys(entries, rows, keys,
-               [](const CEventLogEntry& entry) { return entry.GetUpdateTime().Packed(); });
-      break;
+      return Collect(entries, rows, ascending,
+                     [](const CEventLogEntry& entry) { return entry.GetUpdateTime().Packed(); });
     case Column::kInitialTime:
-      FillKeys(entries, rows, keys,
-               [](const CEventLogEntry& entry) { return entry.GetInitialTime().Packed(); });
-      break;
+      return Collect(entries, rows, ascending,
+                     [](const CEventLogEntry& entry) { return entry.GetInitialTime().Packed(); });
     case Column::kEntryNumber:
-      break;  // all keys equal: the tie-break orders
+      break;
   }
-  return keys;
+  // All keys equal: the tie-break orders.
+  return Collect(entries, rows, ascending, [](const CEventLogEntry&) { return 0U; });
 }
 
-// Keys in fewer bits: each byte loses what all rows have in common.
+// Keys in fewer bits: each byte loses the leading bits that all rows have in common.
 class BitPacker {
  public:
-  BitPacker(const Keys& keys, bool ascending) : ascending_(ascending) {
-    low_.fill(255);
-    high_.fill(0);
-    for (const std::uint64_t key : keys) {
-      for (std::size_t byte = 0; byte < low_.size(); ++byte) {
-        const auto value = static_cast<std::uint8_t>(key >> (8 * byte));
-        low_[byte] = std::min(low_[byte], value);
-        high_[byte] = std::max(high_[byte], value);
-      }
-    }
-    for (std::size_t byte = 0; byte < low_.size(); ++byte) {
-      widths_[byte] =
-          keys.empty() ? 0 : static_cast<int>(std::bit_width(unsigned{high_[byte]} - low_[byte]));
-      bits_ += widths_[byte];
+  BitPacker(const Keys& keys, bool ascending) {
+    std::uint64_t varying = 0;
+    for (const std::uint64_t key : keys) varying |= key ^ keys.front();
+    for (unsigned shift = 64; shift > 0;) {
+      shift -= 8;
+      const auto width = static_cast<unsigned>(std::bit_width(varying >> shift & 0xFFU));
+      if (width == 0) continue;
+      const std::uint64_t mask = (std::uint64_t{1} << width) - 1;
+      pieces_[count_++] = {shift, width, mask, ascending ? 0 : mask};
+      bits_ += static_cast<int>(width);
     }
   }
 
@@ -110,33 +129,25 @@ class BitPacker {
 
   std::uint64_t Pack(std::uint64_t key) const {
     std::uint64_t packed = 0;
-    for (std::size_t byte = low_.size(); byte > 0; --byte) {
-      const std::size_t at = byte - 1;
-      if (widths_[at] == 0) continue;
-      const auto value = static_cast<std::uint8_t>(key >> (8 * at));
-      const unsigned digit = ascending_ ? unsigned{value} - low_[at] : unsigned{high_[at]} - value;
-      packed = packed << static_cast<unsigned>(widths_[at]) | digit;
+    for (std::size_t i = 0; i < count_; ++i) {
+      const Piece& piece = pieces_[i];
+      packed = packed << piece.width | ((key >> piece.shift & piece.mask) ^ piece.turn);
     }
     return packed;
   }
 
  private:
-  bool ascending_;
-  std::array<std::uint8_t, 8> low_{};
-  std::array<std::uint8_t, 8> high_{};
-  std::array<int, 8> widths_{};
+  struct Piece {
+    unsigned shift;
+    unsigned width;
+    std::uint64_t mask;
+    std::uint64_t turn;  // turns a digit round for a descending order
+  };
+
+  std::array<Piece, 8> pieces_{};
+  std::size_t count_ = 0;
   int bits_ = 0;
 };
-
-bool OrderedByEntryNumber(const EntryList& entries, std::span<const EntryIndex> rows,
-                          bool ascending) {
-  for (std::size_t i = 1; i < rows.size(); ++i) {
-    const std::uint32_t previous = entries[rows[i - 1]].GetEntryNumber();
-    const std::uint32_t current = entries[rows[i]].GetEntryNumber();
-    if (ascending ? previous > current : previous < current) return false;
-  }
-  return true;
-}
 
 // Least significant digit first, over the bits from `firstBit` up to `lastBit`; stable.
 void RadixSort(Keys& keys, int firstBit, int lastBit) {
@@ -162,46 +173,54 @@ void RadixSort(Keys& keys, int firstBit, int lastBit) {
 // For keys too wide to share a number with their tie-break and their row.
 std::vector<EntryIndex> SortByComparison(const EntryList& entries, std::span<const EntryIndex> rows,
                                          const Keys& keys, bool ascending) {
-  std::vector<std::uint32_t> order(rows.size());
+  std::vector<EntryIndex> order(rows.size());
   std::iota(order.begin(), order.end(), 0U);
-  std::stable_sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
+  std::stable_sort(order.begin(), order.end(), [&](EntryIndex a, EntryIndex b) {
     if (!ascending) std::swap(a, b);
     if (keys[a] != keys[b]) return keys[a] < keys[b];
     return entries[rows[a]].GetEntryNumber() < entries[rows[b]].GetEntryNumber();
   });
-  for (std::uint32_t& place : order) place = rows[place];
+  for (EntryIndex& place : order) place = rows[place];
   return order;
+}
+
+// Appends the entry numbers to the packed keys; false when they do not fit beside the row.
+bool AppendEntryNumbers(const EntryList& entries, std::span<const EntryIndex> rows, int rowBits,
+                        bool ascending, const BitPacker& packer, int& keyBits, Keys& keys) {
+  const Keys numbers = Collect(entries, rows, ascending, [](const CEventLogEntry& entry) {
+                         return entry.GetEntryNumber();
+                       }).keys;
+  const BitPacker numberPacker(numbers, ascending);
+  keyBits = packer.bits() + numberPacker.bits();
+  if (keyBits + rowBits > 64) return false;
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    keys[i] = packer.Pack(keys[i]) << static_cast<unsigned>(numberPacker.bits()) |
+              numberPacker.Pack(numbers[i]);
+  }
+  return true;
 }
 
 }  // namespace
 
 std::vector<EntryIndex> SortedRows(const EntryList& entries, std::span<const EntryIndex> rows,
                                    Column column, bool ascending) {
-  Keys keys = ColumnKeys(entries, rows, column);
+  if (rows.empty()) return {};
+  auto [keys, numbersInOrder] = CollectColumn(entries, rows, column, ascending);
   const BitPacker packer(keys, ascending);
   const int rowBits = static_cast<int>(std::bit_width(rows.size()));
-
-  // A log is mostly read in the order of its entry numbers; then a stable sort breaks ties by
-  // itself.
-  const bool numbered = !OrderedByEntryNumber(entries, rows, ascending);
-  Keys numbers;
-  if (numbered) {
-    numbers.resize(rows.size());
-    FillKeys(entries, rows, numbers,
-             [](const CEventLogEntry& entry) { return entry.GetEntryNumber(); });
-  }
-  const BitPacker numberPacker(numbers, ascending);
-  const int keyBits = packer.bits() + numberPacker.bits();
-  if (keyBits + rowBits > 64) return SortByComparison(entries, rows, keys, ascending);
-
-  for (std::size_t i = 0; i < keys.size(); ++i) {
-    std::uint64_t key = packer.Pack(keys[i]);
-    if (numbered) {
-      key = key << static_cast<unsigned>(numberPacker.bits()) | numberPacker.Pack(numbers[i]);
+  int keyBits = packer.bits();
+  if (!numbersInOrder) {
+    if (!AppendEntryNumbers(entries, rows, rowBits, ascending, packer, keyBits, keys)) {
+      return SortByComparison(entries, rows, keys, ascending);
     }
-    keys[i] = key << static_cast<unsigned>(rowBits) | i;
+  } else if (keyBits + rowBits > 64) {
+    return SortByComparison(entries, rows, keys, ascending);
+  } else {
+    for (std::uint64_t& key : keys) key = packer.Pack(key);
   }
-  numbers = Keys();
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    keys[i] = keys[i] << static_cast<unsigned>(rowBits) | i;
+  }
   RadixSort(keys, rowBits, rowBits + keyBits);
 
   std::vector<EntryIndex> sorted(rows.size());
