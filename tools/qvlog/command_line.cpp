@@ -1,0 +1,201 @@
+#include "tools/qvlog/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <sstream>
+#include <string_view>
+
+#include "tools/qvlog/parsing.h"
+#include "tools/qvlog/qvlog.h"
+
+namespace qvl {
+namespace {
+
+constexpr const char* kDescription =
+    "Reads saved Quarvel Logs: every entry in English, filtered, sorted, exported.";
+
+constexpr const char* kExamples =
+    "FILE is a log file (.qvx); - is standard input. Exit status: 0 done, 1 failure, 2 usage.\n"
+    "\n"
+    "Examples:\n"
+    "  qvlog list server1.qvx\n"
+    "  qvlog list --severity Critical --sort updated:desc server1.qvx server2.qvx\n"
+    "  qvlog list --class \"Main Memory\" --since 2026-11-01 server1.qvx\n"
+    "  qvlog show 42 server1.qvx\n"
+    "  qvlog info server1.qvx\n"
+    "  qvlog export --format csv --machine SERVER1 -o server1.csv server1.qvx\n"
+    "  qvlog export --format jsonl server1.qvx | jq .description\n"
+    "  qvlog sample --entries 1000 --seed 7 -o trial.qvx\n"
+    "\n"
+    "Each command has its own help: qvlog list --help";
+
+constexpr const char* kSortHelp =
+    "Order by number, description, class, severity, count, updated or initial; "
+    ":asc (default) or :desc";
+
+std::string Joined(const std::vector<std::string_view>& choices) {
+  std::string text;
+  for (const std::string_view choice : choices) {
+    if (!text.empty()) text += ", ";
+    text += choice;
+  }
+  return text;
+}
+
+// An option whose value is a text of a choice list, in any case.
+void AddChoice(CLI::App& app, const char* name, std::string& value, const char* help,
+               const std::vector<std::string_view>& choices) {
+  app.add_option_function<std::string>(
+         name,
+         [&value, choices](const std::string& given) {
+           const std::size_t index = FindChoice(choices, given);
+           if (index == kNoChoice || choices[index].size() != given.size()) {
+             throw CLI::ValidationError("'" + given + "' is not one of: " + Joined(choices));
+           }
+           value = std::string(choices[index]);
+         },
+         help)
+      ->type_name("CHOICE");
+}
+
+void AddTime(CLI::App& app, const char* name, std::optional<LogTime>& value, const char* help,
+             bool endOfDay) {
+  app.add_option_function<std::string>(
+         name,
+         [&value, endOfDay](const std::string& given) {
+           value = ParseTime(given, endOfDay);
+           if (!value) {
+             throw CLI::ValidationError("'" + given +
+                                        "' is not a date: write 2026-11-20 or 2026-11-20T13:05");
+           }
+         },
+         help)
+      ->type_name("DATE");
+}
+
+void AddSelection(CLI::App& app, CommandLine& line) {
+  SelectionOptions& selection = line.selection;
+  AddChoice(app, "--class", selection.choices.eventClass, "Only entries of this class",
+            ClassChoices());
+  AddChoice(app, "--severity", selection.choices.severity, "Only entries of this severity",
+            SeverityChoices());
+  AddChoice(app, "--updated", selection.choices.updateTime, "Only entries updated in this time",
+            TimeChoices());
+  AddChoice(app, "--initial", selection.choices.initialTime,
+            "Only entries that first occurred in this time", TimeChoices());
+  AddTime(app, "--since", selection.since, "Only entries updated at or after this time", false);
+  AddTime(app, "--until", selection.until, "Only entries updated at or before this time", true);
+  app.add_option("--text", selection.text, "Only entries whose description holds this text");
+  app.add_option_function<std::string>(
+         "--sort",
+         [&line](const std::string& given) {
+           line.sort = ParseSort(given);
+           if (!line.sort) throw CLI::ValidationError("'" + given + "' is no order to sort by");
+         },
+         kSortHelp)
+      ->type_name("COLUMN[:asc|desc]");
+}
+
+void AddFiles(CLI::App& app, CommandLine& line) {
+  app.add_option("FILE", line.files, "Log files; - is standard input")->required();
+}
+
+void AddList(CLI::App& app, CommandLine& line) {
+  AddSelection(app, line);
+  app.add_flag("!--no-header", line.header, "Leave the heading line out");
+  AddFiles(app, line);
+}
+
+void AddShow(CLI::App& app, CommandLine& line) {
+  app.add_option("NUMBER", line.entryNumber, "The entry's number")->required();
+  AddFiles(app, line);
+}
+
+void AddExport(CLI::App& app, CommandLine& line) {
+  static const std::vector<std::pair<std::string, ExportFormat>> formats = {
+      {"csv",        ExportFormat::kCsv      },
+      {"strict-csv", ExportFormat::kStrictCsv},
+      {"jsonl",      ExportFormat::kJsonLines},
+      {"report",     ExportFormat::kReport   },
+  };
+  app.add_option("--format", line.format,
+                 "csv as the viewer exports it (default), strict-csv (RFC 4180), jsonl (an object "
+                 "a line), report (labelled blocks)")
+      ->transform(CLI::CheckedTransformer(formats).description(""))
+      ->type_name("FORMAT");
+  app.add_option("--machine", line.machine, "The machine named in the title of csv and report");
+  app.add_option("-o,--output", line.output, "The file to write; - is standard output (default)");
+  AddSelection(app, line);
+  AddFiles(app, line);
+}
+
+void AddSample(CLI::App& app, CommandLine& line) {
+  app.add_option("--entries", line.entries, "How many entries (default 200)");
+  app.add_option("--seed", line.seed, "The same seed gives the same log (default 1)");
+  app.add_option("-o,--output", line.output, "The log file; - is standard output (default)");
+}
+
+void AddNothing(CLI::App& /*app*/, CommandLine& /*line*/) {}
+void AddInfo(CLI::App& app, CommandLine& line) {
+  AddFiles(app, line);
+}
+
+struct CommandRow {
+  const char* name;
+  Command command;
+  const char* help;
+  void (*addOptions)(CLI::App&, CommandLine&);
+};
+
+constexpr CommandRow kCommands[] = {
+    {"list",     Command::kList,     "List the entries, one a line",              AddList   },
+    {"show",     Command::kShow,     "Show every field of one entry",             AddShow   },
+    {"info",     Command::kInfo,     "Count the entries and check their numbers", AddInfo   },
+    {"export",   Command::kExport,   "Write the entries for another program",     AddExport },
+    {"describe", Command::kDescribe,
+     "Describe records from standard input, 512 hexadecimal digits a line",       AddNothing},
+    {"sample",   Command::kSample,   "Make a log for trials",                     AddSample },
+};
+
+}  // namespace
+
+ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
+  CommandLine line;
+  CLI::App app(kDescription, "qvlog");
+  app.footer(kExamples);
+  bool version = false;
+  app.add_flag("--version", version, "Print the version and exit");
+  app.require_subcommand(0, 1);
+  for (const CommandRow& row : kCommands) {
+    CLI::App* const command = app.add_subcommand(row.name, row.help);
+    command->callback([&line, &row] { line.command = row.command; });
+    // Only the command that is called gets its options: a start takes no longer than it must.
+    const bool called = std::find(arguments.begin(), arguments.end(), row.name) != arguments.end();
+    if (called) row.addOptions(*command, line);
+  }
+  ParsedCommandLine parsed;
+  try {
+    std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+    app.parse(reversed);
+    if (version) {
+      // Not CLI11's own version flag: that one throws, and the first exception of a statically
+      // linked program costs more than the rest of its life.
+      parsed.output = "qvlog " QVL_VERSION "\n";
+      return parsed;
+    }
+    if (app.get_subcommands().empty()) throw CLI::RequiredError("A command");
+    parsed.run = std::move(line);
+  } catch (const CLI::ParseError& error) {
+    std::ostringstream out;
+    std::ostringstream err;
+    const bool asked = app.exit(error, out, err) == 0;
+    parsed.output = out.str();
+    parsed.error = err.str();
+    parsed.exitStatus = asked ? kExitDone : kExitUsage;
+  }
+  return parsed;
+}
+
+}  // namespace qvl

@@ -1,0 +1,10 @@
+#include "platform/standard_streams.h"
+#include "tools/qvlog/qvlog.h"
+
+int main(int argc, char** argv) {
+  qvl::StandardInput input;
+  qvl::StandardOutput output(qvl::StandardOutput::Stream::kOutput);
+  qvl::StandardOutput error(qvl::StandardOutput::Stream::kError);
+  qvl::Console console{input, output, error, qvl::Now()};
+  return qvl::RunQvlog(qvl::ProgramArguments(argc, argv), console);
+}
