@@ -300,7 +300,8 @@ MaskFields FormatMask(std::uint8_t mask) {
 void DescribeSideBandFailure(EventData data, TextSink& out) {
   const bool isUpper = ReportingBoard(data) == Board::kUpper;
   const Number pair = data.Byte<1>() == 0 ? 1 : 3;
-  const bool isFirst = data.Byte<2>() == (isUpper ? '0' : '1');
+  const std::uint8_t firstOfPair = isUpper ? 0x30 : 0x31;  // the characters '0' and '1'
+  const bool isFirst = data.Byte<2>() == firstOfPair;
   const Number inTray = isFirst ? pair : pair + 1;
   out.Format(kSideBandFailure, isUpper ? inTray : 9 - inTray, ThisBoard(data), inTray,
              Reporter(data), data.Byte<4>(), data.Be32<5>(), data.Byte<3>(), data.Be32<9>());

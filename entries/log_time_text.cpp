@@ -12,7 +12,7 @@ constexpr Message<Number, Number> kInvalidTimeOfDay = "Invalid: %d:%d";
 
 // More than the days of a year, and a power of two: days of one log hardly ever share a place.
 constexpr std::size_t kDatePlaces = 1024;
-constexpr std::size_t kMinutesPerDay = 24 * 60;
+constexpr std::size_t kMinutesPerDay = std::size_t{24} * 60;
 
 }  // namespace
 

@@ -26,8 +26,8 @@ class Text {
   constexpr Text() = default;
   constexpr Text(std::string_view view) : view_(view) {}  // NOLINT(google-explicit-constructor)
   constexpr Text(const char* text) : view_(text) {}       // NOLINT(google-explicit-constructor)
-  constexpr Text(const Name& name)
-      : view_(name.text), origin_(&name) {}  // NOLINT(google-explicit-constructor)
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  constexpr Text(const Name& name) : view_(name.text), origin_(&name) {}
 
   constexpr std::string_view view() const { return view_; }
   constexpr const void* origin() const { return origin_; }

@@ -29,19 +29,6 @@ bool BeginsFormula(std::string_view text) {
   return !text.empty() && std::string_view("=+-@\t\r").find(text.front()) != std::string_view::npos;
 }
 
-void AppendStrictField(std::string_view text, BufferedWriter& out) {
-  const bool formula = BeginsFormula(text);
-  if (!formula && text.find_first_of(",\"\r\n") == std::string_view::npos) {
-    out.Append(text);
-    return;
-  }
-  out.Append("\"");
-  if (formula) out.Append("'");
-  for (const char c : text)
-    out.Append(c == '"' ? std::string_view("\"\"") : std::string_view(&c, 1));
-  out.Append("\"");
-}
-
 std::string HexDigits(std::span<const std::uint8_t> bytes) {
   static constexpr std::string_view kDigits = "0123456789abcdef";
   std::string text;
@@ -82,6 +69,19 @@ std::string IsoTime(LogTime time) {
   return text;
 }
 
+void AppendStrictCsvField(std::string_view text, BufferedWriter& out) {
+  const bool formula = BeginsFormula(text);
+  if (!formula && text.find_first_of(",\"\r\n") == std::string_view::npos) {
+    out.Append(text);
+    return;
+  }
+  out.Append("\"");
+  if (formula) out.Append("'");
+  for (const char c : text)
+    out.Append(c == '"' ? std::string_view("\"\"") : std::string_view(&c, 1));
+  out.Append("\"");
+}
+
 void AppendStrictCsvHead(BufferedWriter& out) {
   out.Append("Number,Description,Class,Code,Severity,Count,Update Time,Initial Time\r\n");
 }
@@ -90,13 +90,13 @@ void AppendStrictCsvLine(const CEventLogEntry& entry, BufferedWriter& out) {
   const RawLogEntry& raw = entry.raw();
   out.Append(std::to_string(raw.entryNumber));
   out.Append(",");
-  AppendStrictField(Description(entry), out);
+  AppendStrictCsvField(Description(entry), out);
   out.Append(",");
-  AppendStrictField(EventClassName(raw.eventClass, Language::kEnglish), out);
+  AppendStrictCsvField(EventClassName(raw.eventClass, Language::kEnglish), out);
   out.Append(",");
   out.Append(std::to_string(raw.eventCode));
   out.Append(",");
-  AppendStrictField(SeverityName(raw.severity, Language::kEnglish), out);
+  AppendStrictCsvField(SeverityName(raw.severity, Language::kEnglish), out);
   out.Append(",");
   out.Append(std::to_string(raw.count));
   out.Append(",");
@@ -120,6 +120,7 @@ void AppendJsonLine(const CEventLogEntry& entry, BufferedWriter& out) {
   object["updateTime"] = TimeOrNull(raw.updateTime);
   object["initialTime"] = TimeOrNull(raw.initialTime);
   object["data"] = HexDigits(raw.data);
+  object["reserved"] = HexDigits(raw.reserved0) + HexDigits(std::span(&raw.reserved6, 1));
   out.Append(object.dump());
   out.Append("\n");
 }

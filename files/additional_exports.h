@@ -2,6 +2,7 @@
 #define QVL_FILES_ADDITIONAL_EXPORTS_H_
 
 #include <string>
+#include <string_view>
 
 #include "entries/event_log_entry.h"
 #include "files/buffered_writer.h"
@@ -21,8 +22,11 @@ std::string IsoTime(LogTime time);
 void AppendStrictCsvHead(BufferedWriter& out);
 void AppendStrictCsvLine(const CEventLogEntry& entry, BufferedWriter& out);
 
-/// One JSON object a line (https://jsonlines.org), with every field of the record; the data bytes
-/// as hexadecimal digits.
+/// One field after these rules.
+void AppendStrictCsvField(std::string_view text, BufferedWriter& out);
+
+/// One JSON object a line (https://jsonlines.org), with every field of the record; the data and the
+/// reserved bytes as hexadecimal digits.
 void AppendJsonLine(const CEventLogEntry& entry, BufferedWriter& out);
 
 }  // namespace qvl

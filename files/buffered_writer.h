@@ -37,7 +37,7 @@ class BufferedWriter {
   static constexpr std::size_t kLargestRoom = 8192;
 
  private:
-  static constexpr std::size_t kSize = 256 * 1024;
+  static constexpr std::size_t kSize = std::size_t{256} * 1024;
 
   ByteSink& sink_;
   std::unique_ptr<char[]> buffer_;

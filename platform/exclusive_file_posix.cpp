@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
+#include <system_error>
 
 #include "platform/exclusive_file.h"
 
@@ -21,7 +21,8 @@ namespace {
 constexpr std::size_t kLargestTransfer = std::size_t{1} << 30U;
 
 Status Failure(const char* operation, const std::string& path, int error) {
-  return Status::Failed(std::string(operation) + " '" + path + "': " + std::strerror(error));
+  return Status::Failed(std::string(operation) + " '" + path +
+                        "': " + std::generic_category().message(error));
 }
 
 int OpenFlags(ExclusiveFile::Mode mode) {
@@ -43,6 +44,21 @@ bool LockUnsupported(int error) {
   return error == EINVAL || error == ENOLCK || error == EOPNOTSUPP || error == ENOSYS;
 }
 
+// Locks an open file, and empties it when it is to be replaced.
+Status Claim(int descriptor, const std::string& path, ExclusiveFile::Mode mode) {
+  struct stat properties = {};
+  if (::fstat(descriptor, &properties) != 0) return Failure("cannot query", path, errno);
+  if (S_ISDIR(properties.st_mode)) return Failure("cannot open", path, EISDIR);
+  const int lock = mode == ExclusiveFile::Mode::kRead ? LOCK_SH : LOCK_EX;
+  if (::flock(descriptor, lock | LOCK_NB) != 0 && !LockUnsupported(errno)) {
+    if (errno != EWOULDBLOCK) return Failure("cannot lock", path, errno);
+    return Status::Failed("cannot open '" + path + "': another program is using the file");
+  }
+  const bool empties = mode == ExclusiveFile::Mode::kReplace && S_ISREG(properties.st_mode);
+  if (empties && ::ftruncate(descriptor, 0) != 0) return Failure("cannot empty", path, errno);
+  return Status::Ok();
+}
+
 }  // namespace
 
 ExclusiveFile::ExclusiveFile() : handle_(std::make_unique<Handle>()) {}
@@ -52,32 +68,21 @@ ExclusiveFile::~ExclusiveFile() {
 }
 
 Status ExclusiveFile::Open(const std::string& path, Mode mode) {
+  Status closed = Close();
+  if (!closed.ok()) return closed;
   path_ = path;
   int descriptor = -1;
   do {
     descriptor = ::open(path.c_str(), OpenFlags(mode) | O_CLOEXEC, 0666);
   } while (descriptor < 0 && errno == EINTR);
   if (descriptor < 0) return Failure("cannot open", path, errno);
-  handle_->descriptor = descriptor;
-
-  struct stat properties = {};
-  if (::fstat(descriptor, &properties) == 0 && S_ISDIR(properties.st_mode)) {
-    return Failure("cannot open", path, EISDIR);
-  }
-  const int lock = mode == Mode::kRead ? LOCK_SH : LOCK_EX;
-  if (::flock(descriptor, lock | LOCK_NB) != 0 && !LockUnsupported(errno)) {
-    const int error = errno;
+  Status claimed = Claim(descriptor, path, mode);
+  if (claimed.ok()) {
+    handle_->descriptor = descriptor;
+  } else {
     ::close(descriptor);
-    handle_->descriptor = -1;
-    if (error == EWOULDBLOCK) {
-      return Status::Failed("cannot open '" + path + "': another program is using the file");
-    }
-    return Failure("cannot lock", path, error);
   }
-  if (mode == Mode::kReplace && S_ISREG(properties.st_mode) && ::ftruncate(descriptor, 0) != 0) {
-    return Failure("cannot empty", path, errno);
-  }
-  return Status::Ok();
+  return claimed;
 }
 
 Status ExclusiveFile::Read(std::span<std::uint8_t> into, std::size_t& got) {

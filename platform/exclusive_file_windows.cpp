@@ -44,6 +44,8 @@ ExclusiveFile::~ExclusiveFile() {
 }
 
 Status ExclusiveFile::Open(const std::string& path, Mode mode) {
+  Status closed = Close();
+  if (!closed.ok()) return closed;
   path_ = path;
   const bool reading = mode == Mode::kRead;
   handle_->file = ::CreateFileW(WideFromUtf8(path).c_str(), reading ? GENERIC_READ : GENERIC_WRITE,

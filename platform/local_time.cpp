@@ -36,9 +36,10 @@ bool ToMoment(const WallTime& time, Moment& moment) {
   local.tm_min = time.minute;
   local.tm_sec = time.second;
   local.tm_isdst = -1;
-  const std::time_t result = std::mktime(&local);
-  moment = static_cast<Moment>(result);
-  return result != static_cast<std::time_t>(-1);
+  // Only a success fills the day of the week in: -1 is also the last second of 1969.
+  local.tm_wday = -1;
+  moment = static_cast<Moment>(std::mktime(&local));
+  return local.tm_wday >= 0;
 }
 
 std::string LongDateAndTime(Moment moment) {

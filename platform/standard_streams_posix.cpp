@@ -1,7 +1,7 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
+#include <system_error>
 
 #include "platform/standard_streams.h"
 
@@ -11,7 +11,7 @@ Status StandardInput::Read(std::span<std::uint8_t> into, std::size_t& got) {
   got = 0;
   while (got < into.size()) {
     std::size_t some = 0;
-    const Status status = ReadSome(into.subspan(got), some);
+    Status status = ReadSome(into.subspan(got), some);
     if (!status.ok()) return status;
     if (some == 0) break;
     got += some;
@@ -26,7 +26,8 @@ Status StandardInput::ReadSome(std::span<std::uint8_t> into, std::size_t& got) {
     count = ::read(STDIN_FILENO, into.data(), into.size());
   } while (count < 0 && errno == EINTR);
   if (count < 0) {
-    return Status::Failed(std::string("cannot read standard input: ") + std::strerror(errno));
+    return Status::Failed(std::string("cannot read standard input: ") +
+                          std::generic_category().message(errno));
   }
   got = static_cast<std::size_t>(count);
   return Status::Ok();
@@ -38,7 +39,8 @@ Status StandardOutput::Write(std::string_view bytes) {
     const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
     if (count < 0) {
       if (errno == EINTR) continue;
-      return Status::Failed(std::string("cannot write standard output: ") + std::strerror(errno));
+      return Status::Failed(std::string("cannot write standard output: ") +
+                            std::generic_category().message(errno));
     }
     bytes.remove_prefix(static_cast<std::size_t>(count));
   }

@@ -130,7 +130,7 @@ std::size_t PutEnclosure(Scene& scene, std::uint32_t type, std::size_t textOffse
   PutByte(scene, 1, type);
   PutByte(scene, 2, number);
   TextWriter out(scene, textOffset);
-  if (number % 3 != 0) out.AddSerial(scene.machine.seed + type * 256U + number, 12);
+  if (number % 3 != 0) out.AddSerial(scene.machine.seed + std::uint64_t{type} * 256 + number, 12);
   return out.End();
 }
 
