@@ -15,7 +15,8 @@ class StandardInput : public ByteSource {
   Status ReadSome(std::span<std::uint8_t> into, std::size_t& got) override;
 };
 
-/// Standard output or standard error as bytes, unbuffered.
+/// Standard output or standard error as bytes, unbuffered. A reader that went away makes a failure
+/// with an empty message: the reader had enough, which is no error to tell anybody.
 class StandardOutput : public ByteSink {
  public:
   enum class Stream : std::uint8_t { kOutput, kError };

@@ -39,6 +39,7 @@ Status StandardOutput::Write(std::string_view bytes) {
     const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
     if (count < 0) {
       if (errno == EINTR) continue;
+      if (errno == EPIPE) return Status::Failed("");
       return Status::Failed(std::string("cannot write standard output: ") +
                             std::generic_category().message(errno));
     }

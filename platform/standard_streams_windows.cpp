@@ -47,7 +47,11 @@ Status StandardOutput::Write(std::string_view bytes) {
     const auto want = static_cast<DWORD>(std::min(bytes.size(), kLargestTransfer));
     DWORD count = 0;
     if (::WriteFile(handle, bytes.data(), want, &count, nullptr) == 0 || count == 0) {
-      return Status::Failed("cannot write standard output: " + SystemErrorText(::GetLastError()));
+      const DWORD error = ::GetLastError();
+      const bool readerGone =
+          error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA || error == ERROR_PIPE_NOT_CONNECTED;
+      return Status::Failed(readerGone ? ""
+                                       : "cannot write standard output: " + SystemErrorText(error));
     }
     bytes.remove_prefix(count);
   }

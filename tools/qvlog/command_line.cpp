@@ -2,8 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <functional>
-#include <memory>
+#include <limits>
 #include <sstream>
 #include <string_view>
 
@@ -17,7 +16,8 @@ constexpr const char* kDescription =
     "Reads saved Quarvel Logs: every entry in English, filtered, sorted, exported.";
 
 constexpr const char* kExamples =
-    "FILE is a log file (.qvx); - is standard input. Exit status: 0 done, 1 failure, 2 usage.\n"
+    "Each command has its own help: qvlog list --help\n"
+    "Exit status: 0 done, 1 failure, 2 usage.\n"
     "\n"
     "Examples:\n"
     "  qvlog list server1.qvx\n"
@@ -27,13 +27,10 @@ constexpr const char* kExamples =
     "  qvlog info server1.qvx\n"
     "  qvlog export --format csv --machine SERVER1 -o server1.csv server1.qvx\n"
     "  qvlog export --format jsonl server1.qvx | jq .description\n"
-    "  qvlog sample --entries 1000 --seed 7 -o trial.qvx\n"
-    "\n"
-    "Each command has its own help: qvlog list --help";
+    "  qvlog sample --entries 1000 --seed 7 -o trial.qvx";
 
-constexpr const char* kSortHelp =
-    "Order by number, description, class, severity, count, updated or initial; "
-    ":asc (default) or :desc";
+constexpr const char* kSortColumns =
+    "number, description, class, severity, count, updated or initial";
 
 std::string Joined(const std::vector<std::string_view>& choices) {
   std::string text;
@@ -56,7 +53,7 @@ void AddChoice(CLI::App& app, const char* name, std::string& value, const char* 
            }
            value = std::string(choices[index]);
          },
-         help)
+         std::string(help) + ": " + Joined(choices))
       ->type_name("CHOICE");
 }
 
@@ -73,6 +70,18 @@ void AddTime(CLI::App& app, const char* name, std::optional<LogTime>& value, con
          },
          help)
       ->type_name("DATE");
+}
+
+// An option whose value is a decimal number; CLI11's own would take octal and negative ones.
+template <typename Number>
+CLI::Option* AddNumber(CLI::App& app, const char* name, Number& value, const char* help) {
+  const auto parse = [&value](const std::string& given) {
+    if (!ParseNumber(given, value)) {
+      throw CLI::ValidationError("'" + given + "' is no whole number from 0 to " +
+                                 std::to_string(std::numeric_limits<Number>::max()));
+    }
+  };
+  return app.add_option_function<std::string>(name, parse, help)->type_name("NUMBER");
 }
 
 void AddSelection(CLI::App& app, CommandLine& line) {
@@ -92,9 +101,11 @@ void AddSelection(CLI::App& app, CommandLine& line) {
          "--sort",
          [&line](const std::string& given) {
            line.sort = ParseSort(given);
-           if (!line.sort) throw CLI::ValidationError("'" + given + "' is no order to sort by");
+           if (line.sort) return;
+           throw CLI::ValidationError("'" + given + "' is no order: write " + kSortColumns +
+                                      ", and :asc or :desc behind it");
          },
-         kSortHelp)
+         std::string("Order by ") + kSortColumns + "; :asc (default) or :desc")
       ->type_name("COLUMN[:asc|desc]");
 }
 
@@ -104,26 +115,44 @@ void AddFiles(CLI::App& app, CommandLine& line) {
 
 void AddList(CLI::App& app, CommandLine& line) {
   AddSelection(app, line);
-  app.add_flag("!--no-header", line.header, "Leave the heading line out");
+  app.add_flag_callback(
+      "--no-header", [&line] { line.header = false; }, "Leave the heading line out");
   AddFiles(app, line);
 }
 
 void AddShow(CLI::App& app, CommandLine& line) {
-  app.add_option("NUMBER", line.entryNumber, "The entry's number")->required();
+  AddNumber(app, "NUMBER", line.entryNumber, "The entry's number")->required();
   AddFiles(app, line);
 }
 
+struct FormatName {
+  std::string_view name;
+  ExportFormat format;
+};
+
+constexpr FormatName kFormats[] = {
+    {"csv",        ExportFormat::kCsv      },
+    {"strict-csv", ExportFormat::kStrictCsv},
+    {"jsonl",      ExportFormat::kJsonLines},
+    {"report",     ExportFormat::kReport   },
+};
+
+void SetFormat(const std::string& given, ExportFormat& format) {
+  std::vector<std::string_view> names;
+  for (const FormatName& candidate : kFormats) {
+    names.push_back(candidate.name);
+    if (candidate.name != given) continue;
+    format = candidate.format;
+    return;
+  }
+  throw CLI::ValidationError("'" + given + "' is not one of: " + Joined(names));
+}
+
 void AddExport(CLI::App& app, CommandLine& line) {
-  static const std::vector<std::pair<std::string, ExportFormat>> formats = {
-      {"csv",        ExportFormat::kCsv      },
-      {"strict-csv", ExportFormat::kStrictCsv},
-      {"jsonl",      ExportFormat::kJsonLines},
-      {"report",     ExportFormat::kReport   },
-  };
-  app.add_option("--format", line.format,
-                 "csv as the viewer exports it (default), strict-csv (RFC 4180), jsonl (an object "
-                 "a line), report (labelled blocks)")
-      ->transform(CLI::CheckedTransformer(formats).description(""))
+  app.add_option_function<std::string>(
+         "--format", [&line](const std::string& given) { SetFormat(given, line.format); },
+         "csv as the viewer exports it (default), strict-csv (RFC 4180), jsonl (an object a line), "
+         "report (labelled blocks)")
       ->type_name("FORMAT");
   app.add_option("--machine", line.machine, "The machine named in the title of csv and report");
   app.add_option("-o,--output", line.output, "The file to write; - is standard output (default)");
@@ -132,8 +161,8 @@ void AddExport(CLI::App& app, CommandLine& line) {
 }
 
 void AddSample(CLI::App& app, CommandLine& line) {
-  app.add_option("--entries", line.entries, "How many entries (default 200)");
-  app.add_option("--seed", line.seed, "The same seed gives the same log (default 1)");
+  AddNumber(app, "--entries", line.entries, "How many entries (default 200)");
+  AddNumber(app, "--seed", line.seed, "The same seed gives the same log (default 1)");
   app.add_option("-o,--output", line.output, "The log file; - is standard output (default)");
 }
 
@@ -155,16 +184,32 @@ constexpr CommandRow kCommands[] = {
     {"info",     Command::kInfo,     "Count the entries and check their numbers", AddInfo   },
     {"export",   Command::kExport,   "Write the entries for another program",     AddExport },
     {"describe", Command::kDescribe,
-     "Describe records from standard input, 512 hexadecimal digits a line",       AddNothing},
+     "Describe records from standard input, 512 hexadecimal digits a line. A line that is no "
+     "record "
+     "is reported and has no line in the output.",                                AddNothing},
     {"sample",   Command::kSample,   "Make a log for trials",                     AddSample },
 };
+
+// What CLI11 would read otherwise than a user means it.
+std::vector<std::string> Prepared(const std::vector<std::string>& arguments) {
+  std::vector<std::string> prepared = arguments;
+  for (std::string& argument : prepared) {
+    // Brackets would be a list of names, and this is the name of a file.
+    if (argument.starts_with("[")) argument.insert(0, "./");
+    // The next argument would become the value.
+    if (argument.starts_with("--") && argument.find('=') == argument.size() - 1) {
+      throw CLI::ValidationError("'" + argument + "' has no value");
+    }
+  }
+  return prepared;
+}
 
 }  // namespace
 
 ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   CommandLine line;
   CLI::App app(kDescription, "qvlog");
-  app.footer(kExamples);
+  app.allow_windows_style_options(false);  // a path may begin with a slash
   bool version = false;
   app.add_flag("--version", version, "Print the version and exit");
   app.require_subcommand(0, 1);
@@ -175,9 +220,11 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     const bool called = std::find(arguments.begin(), arguments.end(), row.name) != arguments.end();
     if (called) row.addOptions(*command, line);
   }
+  app.footer(kExamples);  // now, so that the commands do not repeat it
   ParsedCommandLine parsed;
   try {
-    std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+    std::vector<std::string> reversed = Prepared(arguments);
+    std::reverse(reversed.begin(), reversed.end());
     app.parse(reversed);
     if (version) {
       // Not CLI11's own version flag: that one throws, and the first exception of a statically
@@ -186,6 +233,9 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
       return parsed;
     }
     if (app.get_subcommands().empty()) throw CLI::RequiredError("A command");
+    if (std::count(line.files.begin(), line.files.end(), "-") > 1) {
+      throw CLI::ValidationError("standard input (-) can be read only once");
+    }
     parsed.run = std::move(line);
   } catch (const CLI::ParseError& error) {
     std::ostringstream out;

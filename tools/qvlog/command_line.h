@@ -25,7 +25,7 @@ struct CommandLine {
   ExportFormat format = ExportFormat::kCsv;
   std::string machine;
   std::string output = "-";
-  std::uint64_t entries = 200;
+  std::uint32_t entries = 200;
   std::uint64_t seed = 1;
 };
 

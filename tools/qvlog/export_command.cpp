@@ -1,5 +1,7 @@
+#include <filesystem>
 #include <memory>
 #include <string>
+#include <system_error>
 
 #include "files/additional_exports.h"
 #include "files/csv_export.h"
@@ -101,9 +103,26 @@ void AppendEntry(ExportFormat format, const CEventLogEntry& entry, BufferedWrite
   }
 }
 
+// True, and reported, when the output is one of the logs that are still to be read.
+bool OverwritesInput(const CommandLine& line, Console& console) {
+  std::error_code error;
+  const std::filesystem::path output(std::u8string(line.output.begin(), line.output.end()));
+  if (line.output == "-" || !std::filesystem::is_regular_file(output, error)) return false;
+  for (const std::string& file : line.files) {
+    // Where the system names standard input like a file, a redirected log is recognised too.
+    const std::string name = file == "-" ? "/dev/stdin" : file;
+    const std::filesystem::path input(std::u8string(name.begin(), name.end()));
+    if (!std::filesystem::equivalent(output, input, error)) continue;
+    Report(console, "'" + line.output + "' is a log to be read; write to another file");
+    return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 int RunExport(const CommandLine& line, Console& console) {
+  if (OverwritesInput(line, console)) return kExitFailure;
   // The comma-separated export has never truncated the file that it is written over.
   const ExclusiveFile::Mode mode = line.format == ExportFormat::kCsv
                                        ? ExclusiveFile::Mode::kOverwrite

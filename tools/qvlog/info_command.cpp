@@ -9,6 +9,7 @@
 #include "entries/text_sink.h"
 #include "tools/qvlog/commands.h"
 #include "tools/qvlog/log_input.h"
+#include "tools/qvlog/visible_text.h"
 
 namespace qvl {
 namespace {
@@ -30,10 +31,7 @@ std::string TimeText(LogTime time) {
   return std::string(text.view());
 }
 
-// A class or severity that has no name still has a number to look for.
-std::string NameOrNumber(std::string_view name, unsigned number) {
-  return name.empty() ? "(no name, " + std::to_string(number) + ")" : std::string(name);
-}
+constexpr std::string_view kNoName = "  (no name)";
 
 class LogSummary {
  public:
@@ -88,17 +86,22 @@ class LogSummary {
   void AppendSeverities(std::string& out) const {
     if (entries_ == 0) return;
     out += "\n  By severity\n";
-    // The two informational codes share a name and so a line; the gravest comes first.
-    std::string lastName;
-    std::uint64_t count = 0;
+    // The gravest first; the two informational codes share a name and so a line.
+    std::uint64_t unnamed = 0;
+    std::uint64_t informational = 0;
     for (auto row = bySeverity_.rbegin(); row != bySeverity_.rend(); ++row) {
-      const std::string name =
-          NameOrNumber(SeverityName(row->first, Language::kEnglish), row->first);
-      if (name != lastName && count > 0) AppendCount("  " + lastName, count, out);
-      count = name == lastName ? count + row->second : row->second;
-      lastName = name;
+      const std::string_view name = SeverityName(row->first, Language::kEnglish);
+      if (name.empty()) {
+        unnamed += row->second;
+      } else if (row->first == kInformational || row->first == kInformationalMinor) {
+        informational += row->second;
+      } else {
+        AppendCount("  " + std::string(name), row->second, out);
+      }
     }
-    AppendCount("  " + lastName, count, out);
+    const std::string_view name = SeverityName(kInformational, Language::kEnglish);
+    if (informational > 0) AppendCount("  " + std::string(name), informational, out);
+    if (unnamed > 0) AppendCount(kNoName, unnamed, out);
   }
 
   void AppendClasses(std::string& out) const {
@@ -113,7 +116,7 @@ class LogSummary {
         AppendCount("  " + std::string(name), count, out);
       }
     }
-    if (unnamed > 0) AppendCount("  (no name)", unnamed, out);
+    if (unnamed > 0) AppendCount(kNoName, unnamed, out);
   }
 
   void AppendNumbers(std::string& out) const {
@@ -162,7 +165,7 @@ int RunInfo(const CommandLine& line, Console& console) {
     if (!isLog) continue;
     if (!first) out.Append("\n");
     first = false;
-    out.Append((file == "-" ? "standard input" : file) + "\n" + summary.Text());
+    out.Append(VisibleText(file == "-" ? "standard input" : file) + "\n" + summary.Text());
   }
   return FinishOutput(out, allRead, console);
 }

@@ -1,9 +1,12 @@
 #include "tools/qvlog/log_input.h"
 
+#include <algorithm>
 #include <memory>
+#include <string_view>
 
 #include "files/log_file.h"
 #include "platform/exclusive_file.h"
+#include "tools/qvlog/visible_text.h"
 
 namespace qvl {
 namespace {
@@ -54,8 +57,16 @@ bool ReadLogs(const std::vector<std::string>& files, Console& console, const Tak
 }
 
 void Report(Console& console, const std::string& message) {
+  // A reader that has seen enough, `head` for one, is nothing to report.
+  if (message.empty()) return;
+  std::string line = "qvlog: ";
+  for (std::size_t begin = 0; begin < message.size();) {
+    const std::size_t end = std::min(message.find('\n', begin), message.size());
+    line += VisibleText(std::string_view(message).substr(begin, end - begin)) + "\n";
+    begin = end + 1;
+  }
   // When even the error stream fails there is nobody left to tell.
-  static_cast<void>(console.error.Write("qvlog: " + message + "\n"));
+  static_cast<void>(console.error.Write(line));
 }
 
 }  // namespace qvl

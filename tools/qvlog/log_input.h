@@ -20,7 +20,8 @@ using TakeEntries = std::function<bool(std::span<const CEventLogEntry>)>;
 /// Returns true when every file was read to its end (or `take` stopped).
 bool ReadLogs(const std::vector<std::string>& files, Console& console, const TakeEntries& take);
 
-/// Reports on the console: "qvlog: MESSAGE".
+/// Reports on the console: "qvlog: MESSAGE", control characters made visible. An empty message
+/// (a reader that went away) is not reported.
 void Report(Console& console, const std::string& message);
 
 }  // namespace qvl

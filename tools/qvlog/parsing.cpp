@@ -1,7 +1,6 @@
 #include "tools/qvlog/parsing.h"
 
 #include <array>
-#include <charconv>
 #include <cstring>
 
 namespace qvl {

@@ -1,13 +1,25 @@
 #ifndef QVL_TOOLS_QVLOG_PARSING_H_
 #define QVL_TOOLS_QVLOG_PARSING_H_
 
+#include <charconv>
 #include <optional>
 #include <string_view>
+#include <system_error>
 
 #include "entries/raw_log_entry.h"
 #include "viewer/model/list_model.h"
 
 namespace qvl {
+
+/// A decimal number without a sign that fits the type; `value` stays as it is when it is none.
+template <typename Number>
+bool ParseNumber(std::string_view text, Number& value) {
+  Number parsed = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed);
+  if (text.empty() || error != std::errc() || end != text.data() + text.size()) return false;
+  value = parsed;
+  return true;
+}
 
 /// A record from exactly 512 hexadecimal digits of either case, or nothing.
 std::optional<RawLogEntry> ParseHexRecord(std::string_view digits);

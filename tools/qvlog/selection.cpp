@@ -5,6 +5,7 @@
 
 #include "entries/event_description.h"
 #include "entries/text_sink.h"
+#include "files/unicode_text.h"
 
 namespace qvl {
 namespace {
@@ -38,7 +39,7 @@ bool Selection::TakesText(const CEventLogEntry& entry) const {
   std::array<char, kDescriptionSize> buffer;
   TextSink description(buffer);
   entry.GetColumnText(Column::kDescription, description);
-  const std::string_view text = description.view();
+  const std::string text = Utf8FromText(description.view());
   return std::search(text.begin(), text.end(), text_.begin(), text_.end(),
                      [](char a, char b) { return LowerAscii(a) == b; }) != text.end();
 }

@@ -55,8 +55,6 @@ constexpr Moment kSecondsPerDay = 86400;
 // Farther from the moment than any clock has ever been turned at once.
 constexpr Moment kUncertainty = 2 * kSecondsPerDay;
 
-constexpr std::size_t kReadAhead = 16;
-
 template <std::size_t N>
 std::vector<std::string_view> Texts(const StringId (&ids)[N]) {
   std::vector<std::string_view> texts;
@@ -171,18 +169,17 @@ std::vector<EntryIndex> FilterEntries(const EntryList& entries, const FilterChoi
   const EntryFilter filter(choices, now);
   std::vector<EntryIndex> passed(entries.size());
   std::size_t count = 0;
-  for (std::size_t begin = 0; begin < entries.size(); begin += EntryList::kBlockEntries) {
-    const std::size_t end = std::min(begin + EntryList::kBlockEntries, entries.size());
-    const CEventLogEntry* entry = &entries[begin];
-    for (std::size_t i = begin; i < end; ++i, ++entry) {
-      // A record lies beyond what the processor fetches by itself.
-      __builtin_prefetch(entry + kReadAhead);
-      // Written always and counted only when it passes: no branch to mispredict.
-      passed[count] = static_cast<EntryIndex>(i);
-      count += filter.Passes(*entry) ? 1U : 0U;
-    }
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    // Written always and counted only when it passes: no branch to mispredict.
+    passed[count] = static_cast<EntryIndex>(i);
+    count += filter.PassesHead(entries.Head(i)) ? 1U : 0U;
   }
   passed.resize(count);
+  if (filter.initialTest_) {
+    std::erase_if(passed, [&](EntryIndex i) {
+      return !filter.PassesInitialTime(entries[i].GetInitialTime());
+    });
+  }
   passed.shrink_to_fit();
   return passed;
 }

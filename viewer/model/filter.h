@@ -87,12 +87,19 @@ class EntryFilter {
     const RawLogEntry& raw = entry.raw();
     const std::size_t eventClass =
         raw.eventClass < kEventClassEnd ? raw.eventClass : kEventClassEnd;
-    return (classPasses_[eventClass] & severityPasses_[raw.severity]) != 0 &&
-           (!updateTest_ || updateTest_->Passes(raw.updateTime)) &&
-           (!initialTest_ || initialTest_->Passes(raw.initialTime));
+    const EntryHead head{static_cast<std::uint8_t>(eventClass), raw.severity, raw.updateTime};
+    return PassesHead(head) && PassesInitialTime(raw.initialTime);
   }
 
  private:
+  friend std::vector<EntryIndex> FilterEntries(const EntryList&, const FilterChoices&, Moment);
+
+  bool PassesHead(const EntryHead& head) const {
+    return (classPasses_[head.classIndex] & severityPasses_[head.severity]) != 0 &&
+           (!updateTest_ || updateTest_->Passes(head.updateTime));
+  }
+  bool PassesInitialTime(LogTime time) const { return !initialTest_ || initialTest_->Passes(time); }
+
   std::array<std::uint8_t, kEventClassEnd + 1> classPasses_{};  // the last for all higher classes
   std::array<std::uint8_t, 256> severityPasses_{};
   std::optional<TimeTest> updateTest_;

@@ -38,75 +38,66 @@ std::array<std::uint8_t, kEventClassEnd + 1> ClassNameRanks() {
   return ranks;
 }
 
-// One number a row that orders like a column, and whether the rows' entry numbers rise (or fall,
-// for a descending order) already: then a stable sort breaks ties by itself.
-struct ColumnKeys {
-  Keys keys;
-  bool numbersInOrder = true;
-};
-
-// Collects keys in one walk over the records, which costs more than sorting the keys does.
+// One number a row that orders like a column.
 template <typename KeyOf>
-ColumnKeys Collect(const EntryList& entries, std::span<const EntryIndex> rows, bool ascending,
-                   KeyOf keyOf) {
-  ColumnKeys collected{Keys(rows.size())};
-  const std::uint32_t turn = ascending ? 0 : 0xFFFFFFFF;
-  std::uint32_t previous = 0;
-  bool inOrder = true;
+Keys Collect(std::span<const EntryIndex> rows, KeyOf keyOf) {
+  Keys keys(rows.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) keys[i] = keyOf(rows[i]);
+  return keys;
+}
+
+// The same where the keys stand in the records.
+template <typename KeyOf>
+Keys CollectFromRecords(const EntryList& entries, std::span<const EntryIndex> rows, KeyOf keyOf) {
+  Keys keys(rows.size());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     __builtin_prefetch(&entries[rows[std::min(i + kReadAhead, rows.size() - 1)]]);
-    const CEventLogEntry& entry = entries[rows[i]];
-    const std::uint32_t number = entry.GetEntryNumber() ^ turn;
-    inOrder = inOrder && previous <= number;
-    previous = number;
-    collected.keys[i] = keyOf(entry);
+    keys[i] = keyOf(entries[rows[i]]);
   }
-  collected.numbersInOrder = inOrder;
-  return collected;
+  return keys;
 }
 
-ColumnKeys CollectDescriptions(const EntryList& entries, std::span<const EntryIndex> rows,
-                               bool ascending) {
-  TextRanks texts;
-  std::array<char, kDescriptionSize> buffer;
-  ColumnKeys collected =
-      Collect(entries, rows, ascending, [&](const CEventLogEntry& entry) -> std::uint64_t {
-        TextSink text(buffer);
-        entry.GetColumnText(Column::kDescription, text);
-        return texts.Add(text.view());
-      });
-  const std::vector<std::uint32_t> ranks = std::move(texts).Ranks();
-  for (std::uint64_t& key : collected.keys) key = ranks[key];
-  return collected;
+Keys CollectDescriptions(const EntryList& entries, std::span<const EntryIndex> rows) {
+  std::vector<std::uint32_t> numbers(rows.size());
+  std::vector<std::uint32_t> ranks;
+  {
+    TextRanks texts;
+    std::array<char, kDescriptionSize> buffer;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      TextSink text(buffer);
+      entries[rows[i]].GetColumnText(Column::kDescription, text);
+      numbers[i] = texts.Add(text.view());
+    }
+    ranks = std::move(texts).Ranks();
+  }
+  Keys keys(rows.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) keys[i] = ranks[numbers[i]];
+  return keys;
 }
 
-ColumnKeys CollectColumn(const EntryList& entries, std::span<const EntryIndex> rows, Column column,
-                         bool ascending) {
+Keys CollectColumn(const EntryList& entries, std::span<const EntryIndex> rows, Column column) {
   switch (column) {
     case Column::kDescription:
-      return CollectDescriptions(entries, rows, ascending);
+      return CollectDescriptions(entries, rows);
     case Column::kClass:
-      return Collect(entries, rows, ascending,
-                     [ranks = ClassNameRanks()](const CEventLogEntry& entry) -> std::uint64_t {
-                       return ranks[std::min<std::size_t>(entry.raw().eventClass, kEventClassEnd)];
-                     });
+      return Collect(rows, [&entries, ranks = ClassNameRanks()](EntryIndex row) {
+        return std::uint64_t{ranks[entries.Head(row).classIndex]};
+      });
     case Column::kSeverity:
-      return Collect(entries, rows, ascending,
-                     [](const CEventLogEntry& entry) { return entry.GetSeverity(); });
-    case Column::kCount:
-      return Collect(entries, rows, ascending,
-                     [](const CEventLogEntry& entry) { return entry.GetCount(); });
+      return Collect(rows, [&](EntryIndex row) { return entries.Head(row).severity; });
     case Column::kUpdateTime:
-      return Collect(entries, rows, ascending,
-                     [](const CEventLogEntry& entry) { return entry.GetUpdateTime().Packed(); });
+      return Collect(rows, [&](EntryIndex row) { return entries.Head(row).updateTime.Packed(); });
+    case Column::kCount:
+      return CollectFromRecords(entries, rows,
+                                [](const CEventLogEntry& entry) { return entry.GetCount(); });
     case Column::kInitialTime:
-      return Collect(entries, rows, ascending,
-                     [](const CEventLogEntry& entry) { return entry.GetInitialTime().Packed(); });
+      return CollectFromRecords(entries, rows, [](const CEventLogEntry& entry) {
+        return entry.GetInitialTime().Packed();
+      });
     case Column::kEntryNumber:
       break;
   }
-  // All keys equal: the tie-break orders.
-  return Collect(entries, rows, ascending, [](const CEventLogEntry&) { return 0U; });
+  return Keys(rows.size());  // all equal: the tie-break orders
 }
 
 // Keys in fewer bits: each byte loses the leading bits that all rows have in common.
@@ -184,18 +175,25 @@ std::vector<EntryIndex> SortByComparison(const EntryList& entries, std::span<con
   return order;
 }
 
-// Appends the entry numbers to the packed keys; false when they do not fit beside the row.
-bool AppendEntryNumbers(const EntryList& entries, std::span<const EntryIndex> rows, int rowBits,
-                        bool ascending, const BitPacker& packer, int& keyBits, Keys& keys) {
-  const Keys numbers = Collect(entries, rows, ascending, [](const CEventLogEntry& entry) {
-                         return entry.GetEntryNumber();
-                       }).keys;
+// Packs the keys, with the entry numbers behind them where these must break ties; false when they
+// do not fit beside the row.
+bool PackKeys(const EntryList& entries, std::span<const EntryIndex> rows, bool ascending,
+              bool withNumbers, int rowBits, Keys& keys, int& keyBits) {
+  const BitPacker packer(keys, ascending);
+  Keys numbers;
+  if (withNumbers) {
+    numbers = CollectFromRecords(
+        entries, rows, [](const CEventLogEntry& entry) { return entry.GetEntryNumber(); });
+  }
   const BitPacker numberPacker(numbers, ascending);
   keyBits = packer.bits() + numberPacker.bits();
   if (keyBits + rowBits > 64) return false;
   for (std::size_t i = 0; i < keys.size(); ++i) {
-    keys[i] = packer.Pack(keys[i]) << static_cast<unsigned>(numberPacker.bits()) |
-              numberPacker.Pack(numbers[i]);
+    std::uint64_t key = packer.Pack(keys[i]);
+    if (withNumbers) {
+      key = key << static_cast<unsigned>(numberPacker.bits()) | numberPacker.Pack(numbers[i]);
+    }
+    keys[i] = key << static_cast<unsigned>(rowBits) | i;
   }
   return true;
 }
@@ -205,27 +203,27 @@ bool AppendEntryNumbers(const EntryList& entries, std::span<const EntryIndex> ro
 std::vector<EntryIndex> SortedRows(const EntryList& entries, std::span<const EntryIndex> rows,
                                    Column column, bool ascending) {
   if (rows.empty()) return {};
-  auto [keys, numbersInOrder] = CollectColumn(entries, rows, column, ascending);
-  const BitPacker packer(keys, ascending);
+  Keys keys = CollectColumn(entries, rows, column);
+  // Where the entry numbers rise from row to row, a stable sort breaks ties by itself; a
+  // descending one when it takes the rows from the last to the first.
+  const bool withNumbers = !entries.numbersRise();
+  const bool backwards = !withNumbers && !ascending;
+  if (backwards) std::reverse(keys.begin(), keys.end());
+
   const int rowBits = static_cast<int>(std::bit_width(rows.size()));
-  int keyBits = packer.bits();
-  if (!numbersInOrder) {
-    if (!AppendEntryNumbers(entries, rows, rowBits, ascending, packer, keyBits, keys)) {
-      return SortByComparison(entries, rows, keys, ascending);
-    }
-  } else if (keyBits + rowBits > 64) {
+  int keyBits = 0;
+  if (!PackKeys(entries, rows, ascending, withNumbers, rowBits, keys, keyBits)) {
+    if (backwards) std::reverse(keys.begin(), keys.end());
     return SortByComparison(entries, rows, keys, ascending);
-  } else {
-    for (std::uint64_t& key : keys) key = packer.Pack(key);
-  }
-  for (std::size_t i = 0; i < keys.size(); ++i) {
-    keys[i] = keys[i] << static_cast<unsigned>(rowBits) | i;
   }
   RadixSort(keys, rowBits, rowBits + keyBits);
 
   std::vector<EntryIndex> sorted(rows.size());
   const std::uint64_t rowMask = (std::uint64_t{1} << static_cast<unsigned>(rowBits)) - 1;
-  for (std::size_t i = 0; i < keys.size(); ++i) sorted[i] = rows[keys[i] & rowMask];
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    const std::uint64_t row = keys[i] & rowMask;
+    sorted[i] = rows[backwards ? rows.size() - 1 - row : row];
+  }
   return sorted;
 }
 
