@@ -17,6 +17,16 @@ constexpr std::size_t kMinutesPerDay = std::size_t{24} * 60;
 }  // namespace
 
 void LogTimeFormatter::Append(LogTime time, TextSink& out) {
+  if (lastSize_ == 0 || time != lastTime_) {
+    TextSink text(lastText_);
+    Compose(time, text);
+    lastTime_ = time;
+    lastSize_ = text.size();
+  }
+  out.Append(std::string_view(lastText_.data(), lastSize_));
+}
+
+void LogTimeFormatter::Compose(LogTime time, TextSink& out) {
   if (time.HasValidDate()) {
     out.Append(Date(time));
   } else {

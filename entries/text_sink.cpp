@@ -11,6 +11,12 @@ constexpr std::size_t kDigitRoom = 24;
 }  // namespace
 
 void TextSink::AppendDecimal(std::uint32_t value) {
+  // Most numbers of a log are counts of one and small slots.
+  if (value < 10) {
+    const char digit = static_cast<char>('0' + value);
+    Append(std::string_view(&digit, 1));
+    return;
+  }
   std::array<char, kDigitRoom> digits;
   const std::to_chars_result end =
       std::to_chars(digits.data(), digits.data() + digits.size(), value);
@@ -18,10 +24,9 @@ void TextSink::AppendDecimal(std::uint32_t value) {
 }
 
 void TextSink::AppendSigned(std::int32_t value) {
-  std::array<char, kDigitRoom> digits;
-  const std::to_chars_result end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), value);
-  Append(std::string_view(digits.data(), static_cast<std::size_t>(end.ptr - digits.data())));
+  if (value < 0) Append(std::string_view("-"));
+  const auto bits = static_cast<std::uint32_t>(value);
+  AppendDecimal(value < 0 ? 0U - bits : bits);
 }
 
 void TextSink::AppendHex(std::uint32_t value, int digits, bool upperCase) {
