@@ -457,7 +457,7 @@ void DescribeMemoryEvent(std::uint16_t code, EventData data, TextSink& out) {
       return DescribeBank(kCorrectedBankForms, data, out);
     case 17:
       return out.Format(kBoardFailure, FormatByteOrUnknown(data.Byte<0>()));
-    case 18:
+    case 18:  // an assumed layout: docs/formats/record.md
       return DescribeModule(kRomValidationForms, data, out);
     case 19:
       return DescribeModuleList(kCorrectedForms, data, out);

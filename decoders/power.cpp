@@ -263,7 +263,8 @@ void DescribeSuppliesNotRedundant(EventData data, TextSink& out) {
                   TextFields<1>{location});
 }
 
-// The numbers of a storage enclosure have no unknown value: 255 is written as a number.
+// An assumed layout: docs/formats/record.md. The numbers of a storage enclosure have no unknown
+// value: 255 is written as a number.
 void DescribeStorageEnclosureSupply(EventData data, TextSink& out) {
   Scratch port;
   Scratch bay;

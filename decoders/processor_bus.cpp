@@ -92,7 +92,8 @@ static_assert(StrictlyAscending(kSlotRows));
 
 constexpr TextMessage<1> kPostError = "POST Error: %s";
 
-// The 64-bit values are printed by halves, the high one first.
+// Both machine checks have assumed layouts: docs/formats/record.md. The 64-bit values are printed
+// by halves, the high one first.
 void DescribeMachineCheck(EventData data, TextSink& out) {
   out.Format(kMachineCheck, data.Byte<1>(), data.Byte<0>(), data.Le32<4>(), data.Le32<8>(),
              data.Le32<16>(), data.Le32<12>(), data.Le32<24>(), data.Le32<20>(), data.Le32<32>(),

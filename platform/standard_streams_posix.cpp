@@ -40,7 +40,9 @@ Status StandardOutput::Write(std::string_view bytes) {
     if (count < 0) {
       if (errno == EINTR) continue;
       if (errno == EPIPE) return Status::Failed("");
-      return Status::Failed(std::string("cannot write standard output: ") +
+      return Status::Failed(std::string(stream_ == Stream::kOutput
+                                            ? "cannot write standard output: "
+                                            : "cannot write standard error: ") +
                             std::generic_category().message(errno));
     }
     bytes.remove_prefix(static_cast<std::size_t>(count));
