@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdlib>
+#include <fstream>
 #include <map>
 #include <set>
 #include <string>
@@ -37,6 +39,26 @@ INSTANTIATE_TEST_SUITE_P(Families, GoldenDescriptions,
                          [](const ::testing::TestParamInfo<std::string>& file) {
                            return file.param.substr(0, file.param.find('.'));
                          });
+
+// Not a test of the program: writes the golden files anew where scripts/update_goldens asks for
+// it, and without that checks that the rewriting keeps the files as they are.
+TEST(GoldenUpdate, RewritesWhatTheDecodersSay) {
+  const char* const folder = std::getenv("QVL_GOLDEN_OUT");
+  for (const std::string& file : testing::GoldenDescriptionFiles()) {
+    const std::string rewritten = testing::RewrittenGoldenDescriptions(
+        file, [](const GoldenDescription& golden, int& result) {
+          std::array<char, kDescriptionSize> out;
+          result = FormatEventDescription(golden.eventClass, golden.code, EventData(golden.data),
+                                          out.data(), out.size());
+          return std::string(out.data());
+        });
+    if (folder == nullptr) {
+      EXPECT_EQ(rewritten, testing::ReadTestFile("golden/descriptions/" + file));
+    } else {
+      std::ofstream(std::string(folder) + "/" + file, std::ios::binary) << rewritten;
+    }
+  }
+}
 
 class ReachedRows : public RowObserver {
  public:

@@ -110,6 +110,20 @@ std::string Unescaped(std::string_view text) {
   return out;
 }
 
+std::string Escaped(std::string_view text) {
+  std::string out;
+  for (const char c : text) {
+    if (c == '\\') {
+      out += "\\\\";
+    } else if (c == '\n') {
+      out += "\\n";
+    } else {
+      out += c;
+    }
+  }
+  return out;
+}
+
 }  // namespace
 
 std::vector<std::string> GoldenDescriptionFiles() {
@@ -146,6 +160,24 @@ std::vector<GoldenDescription> ReadGoldenDescriptions(const std::string& file) {
     AssignmentReader(std::string_view(line).substr(at + 1), golden).ReadAll();
   }
   return goldens;
+}
+
+std::string RewrittenGoldenDescriptions(
+    const std::string& file,
+    const std::function<std::string(const GoldenDescription&, int& result)>& describe) {
+  const std::vector<GoldenDescription> goldens = ReadGoldenDescriptions(file);
+  std::string out;
+  std::size_t next = 0;
+  std::istringstream lines(ReadTestFile("golden/descriptions/" + file));
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with("= ") || line.starts_with("! ")) {
+      int result = 0;
+      const std::string text = describe(goldens[next++], result);
+      line = (result == 1 ? "= " : "! ") + Escaped(text);
+    }
+    out += line + "\n";
+  }
+  return out;
 }
 
 std::string ReadTestFile(const std::string& pathBelowTests) {

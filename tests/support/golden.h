@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,12 @@ std::vector<std::string> GoldenDescriptionFiles();
 
 /// Reads one file; a mistake in its notation is a test failure.
 std::vector<GoldenDescription> ReadGoldenDescriptions(const std::string& file);
+
+/// The text of one file with every expected line written anew from `describe`, which gives a
+/// record's description; comments and records stay as they are. For scripts/update_goldens.
+std::string RewrittenGoldenDescriptions(
+    const std::string& file,
+    const std::function<std::string(const GoldenDescription&, int& result)>& describe);
 
 /// A file of the tests' data, whole. Missing files are a test failure.
 std::string ReadTestFile(const std::string& pathBelowTests);
