@@ -14,18 +14,6 @@ constexpr std::size_t kLargestTransfer = std::size_t{1} << 20U;
 
 }  // namespace
 
-Status StandardInput::Read(std::span<std::uint8_t> into, std::size_t& got) {
-  got = 0;
-  while (got < into.size()) {
-    std::size_t some = 0;
-    Status status = ReadSome(into.subspan(got), some);
-    if (!status.ok()) return status;
-    if (some == 0) break;
-    got += some;
-  }
-  return Status::Ok();
-}
-
 Status StandardInput::ReadSome(std::span<std::uint8_t> into, std::size_t& got) {
   got = 0;
   const auto want = static_cast<DWORD>(std::min(into.size(), kLargestTransfer));
