@@ -352,8 +352,6 @@ TEST(CompareEntries, OrdersByCount) {
   ExpectBefore(OfCount(0xFFFFFFFEU, 9), OfCount(0xFFFFFFFFU, 8), Column::kCount);
 }
 
-// The numbers' difference is a signed 32-bit number: of two numbers more than half the range
-// apart, the larger one comes first.
 // A difference of 32 bits would wrap here and the order would not be one: the numbers themselves
 // compare.
 TEST(CompareEntries, ComparesCountsAsUnsignedNumbers) {

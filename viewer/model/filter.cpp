@@ -50,6 +50,7 @@ constexpr TimeChoice kTimeChoices[] = {
     {kSinceLastSixMonths, 183},
     {kSinceLastYear,      365},
 };
+constexpr Moment kSecondsPerMinute = 60;
 constexpr Moment kSecondsPerDay = 86400;
 
 // Farther from the moment than any clock has ever been turned at once.
@@ -120,7 +121,7 @@ std::size_t FindChoice(const std::vector<std::string_view>& choices, std::string
 }
 
 TimeTest::TimeTest(Moment since)
-    : since_(since),
+    : since_(since - since % kSecondsPerMinute),
       certainlyBefore_(PackedWallTime(since - kUncertainty)),
       certainlyAfter_(PackedWallTime(since + kUncertainty)) {}
 

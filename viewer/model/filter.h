@@ -44,9 +44,10 @@ inline constexpr std::size_t kNoChoice = static_cast<std::size_t>(-1);
 /// an empty text selects the first choice. `kNoChoice` when none does.
 std::size_t FindChoice(const std::vector<std::string_view>& choices, std::string_view text);
 
-/// Tests whether time stamps lie at or after a moment. The system's clock rules decide only near
-/// the moment itself, where a change of daylight-saving time can matter; elsewhere the stamps
-/// compare as they stand.
+/// Tests whether time stamps lie at or after a moment, to the minute: a stamp has no seconds, so
+/// the one of the moment's own minute passes whatever the clock's seconds say. The system's clock
+/// rules decide only near the moment itself, where a change of daylight-saving time can matter;
+/// elsewhere the stamps compare as they stand.
 class TimeTest {
  public:
   explicit TimeTest(Moment since);
@@ -56,10 +57,12 @@ class TimeTest {
 
   /// A missing or impossible stamp never passes.
   bool Passes(LogTime time) const {
+    // A year beyond its century counts on into the next one, where the bytes do not tell the order.
+    const bool ordered = time.year <= 99;
     const std::uint64_t packed = time.Packed();
-    if (packed < certainlyBefore_) return false;
+    if (ordered && packed < certainlyBefore_) return false;
     if (time.IsMissing() || !time.HasValidDate() || !time.HasValidTimeOfDay()) return false;
-    return packed > certainlyAfter_ || PassesNear(time);
+    return (ordered && packed > certainlyAfter_) || PassesNear(time);
   }
 
  private:

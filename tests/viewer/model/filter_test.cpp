@@ -281,11 +281,20 @@ TEST(TimeTest, KeepsAStampOfExactlySevenDaysAgo) {
   EXPECT_FALSE(PassesUpdate("Since Last Week", {20, 26, 11, 13, 13, 4}, TestNow()));
 }
 
-// A stamp stands for the first second of its minute.
-TEST(TimeTest, CountsTheSecondsOfTheClock) {
-  const Moment now = TestNow() + 30;
-  EXPECT_FALSE(PassesUpdate("Since Last Week", {20, 26, 11, 13, 13, 5}, now));
-  EXPECT_TRUE(PassesUpdate("Since Last Week", {20, 26, 11, 13, 13, 6}, now));
+// A stamp has no seconds, so those of the clock decide nothing.
+TEST(TimeTest, LeavesTheSecondsOfTheClockOut) {
+  for (const Moment seconds : {0, 1, 30, 59}) {
+    const Moment now = TestNow() + seconds;
+    EXPECT_FALSE(PassesUpdate("Since Last Week", {20, 26, 11, 13, 13, 4}, now)) << seconds;
+    EXPECT_TRUE(PassesUpdate("Since Last Week", {20, 26, 11, 13, 13, 5}, now)) << seconds;
+  }
+}
+
+// Both stamps say the first of January 2030.
+TEST(TimeTest, CountsAYearBeyondItsCenturyOn) {
+  EXPECT_TRUE(PassesUpdate("Since Yesterday", {20, 30, 1, 1, 0, 0}, TestNow()));
+  EXPECT_TRUE(PassesUpdate("Since Yesterday", {19, 130, 1, 1, 0, 0}, TestNow()));
+  EXPECT_FALSE(PassesUpdate("Since Yesterday", {19, 120, 1, 1, 0, 0}, TestNow()));
 }
 
 TEST(TimeTest, DecidesAroundTheMomentAsTheClockDoes) {

@@ -260,7 +260,7 @@ TEST(ListModel, CountsTimeCriteriaFromTheClockGiven) {
   ASSERT_TRUE(ToMoment({2026, 11, 21, 0, 0, 0}, now));
   model.Refill(now);
   EXPECT_EQ(model.rowCount(), 1U);
-  model.Refill(now + 1);
+  model.Refill(now + 60);
   EXPECT_EQ(model.rowCount(), 0U);
 }
 
