@@ -268,5 +268,17 @@ if [ "$windows" = no ] && [ -c /dev/full ]; then
   ends "sample to a full device by name" 1 "$@" sample -o /dev/full
 fi
 
+# ---- A log that memory cannot hold; sanitizers need more room than the limit leaves ----
+
+if [ "$windows" = no ] && sh -c 'ulimit -v 200000; "$@"; exit' sh "$@" --version >/dev/null 2>&1; then
+  "$@" sample --entries 600000 -o large.qvx
+  (ulimit -v 200000 && "$@" list --sort count large.qvx) >data/out 2>messages/err
+  check "sort of a log too large" [ $? -eq 1 ]
+  check "sort of a log too large: no message" has_text messages/err "too large"
+  (ulimit -v 200000 && "$@" list large.qvx) >data/out 2>messages/err
+  check "list of a log too large to sort" [ $? -eq 0 ]
+  rm -f large.qvx
+fi
+
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]

@@ -1,5 +1,7 @@
 #include "tools/qvlog/qvlog.h"
 
+#include <new>
+
 #include "tools/qvlog/command_line.h"
 #include "tools/qvlog/commands.h"
 #include "tools/qvlog/log_input.h"
@@ -29,7 +31,15 @@ int Run(const CommandLine& line, Console& console) {
 
 int RunQvlog(const std::vector<std::string>& arguments, Console& console) {
   const ParsedCommandLine parsed = ParseCommandLine(arguments);
-  if (parsed.run) return Run(*parsed.run, console);
+  if (parsed.run) {
+    try {
+      return Run(*parsed.run, console);
+    } catch (const std::bad_alloc&) {
+      // Only a sort holds a log in memory.
+      Report(console, "the log is too large to be sorted in this machine's memory");
+      return kExitFailure;
+    }
+  }
   const Status output = console.output.Write(parsed.output);
   if (!parsed.error.empty()) Report(console, parsed.error);
   if (!output.ok()) Report(console, output.message());
