@@ -1244,6 +1244,10 @@ TEST(QvlogSample, ReplacesItsFile) {
 }
 
 // The sink ends what a parser that turns -1 into the largest number would begin.
+TEST(QvlogSample, MakesTheDemoLog) {
+  EXPECT_TRUE(Qvlog({"sample"}).output == testing::ReadTestFile("../samples/demo.qvx"));
+}
+
 TEST(QvlogSample, ANegativeNumberIsAMistake) {
   for (const char* const option : {"--entries", "--seed"}) {
     FakeConsole console;
