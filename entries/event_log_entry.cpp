@@ -107,6 +107,13 @@ void CEventLogEntry::GetColumnText(Column column, TextSink& out) const {
   }
 }
 
+std::string CEventLogEntry::GetColumnText(Column column) const {
+  std::array<char, kDescriptionSize> buffer;
+  TextSink text(buffer);
+  GetColumnText(column, text);
+  return std::string(text.view());
+}
+
 int CompareTexts(std::string_view a, std::string_view b) {
   if (a.empty() || b.empty()) return static_cast<int>(a.empty()) - static_cast<int>(b.empty());
   // The bytes of a string_view compare as unsigned numbers.

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "entries/log_time.h"
@@ -56,8 +57,9 @@ class CEventLogEntry {
   void FormatUpdateTime(TextSink& out) const;
   void FormatInitialTime(TextSink& out) const;
 
-  /// The text of a cell of the list.
+  /// The text of a cell of the list, into a sink or as a string of its own.
   void GetColumnText(Column column, TextSink& out) const;
+  std::string GetColumnText(Column column) const;
 
  private:
   RawLogEntry raw_{};

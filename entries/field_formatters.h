@@ -69,12 +69,15 @@ std::span<const Name> LocationNames();
 std::span<const Name> UpperLowerNames();
 std::span<const Name> StorageEnclosureSides();
 
-/// ASCII tests on bytes, whatever the process's locale says.
+/// ASCII rules for bytes, whatever the process's locale says.
 constexpr bool IsAsciiSpace(char c) {
   return c == ' ' || (c >= '\t' && c <= '\r');
 }
 constexpr bool IsAsciiAlnum(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+constexpr char ToAsciiLower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 }  // namespace qvl

@@ -5,19 +5,14 @@
 #include <string_view>
 
 #include "entries/event_class.h"
-#include "entries/event_description.h"
 #include "entries/severity.h"
-#include "entries/text_sink.h"
 #include "files/unicode_text.h"
 
 namespace qvl {
 namespace {
 
 std::string Description(const CEventLogEntry& entry) {
-  std::array<char, kDescriptionSize> buffer;
-  TextSink text(buffer);
-  entry.GetColumnText(Column::kDescription, text);
-  return Utf8FromText(text.view());
+  return Utf8FromText(entry.GetColumnText(Column::kDescription));
 }
 
 void AppendTwoDigits(int value, std::string& out) {

@@ -1,7 +1,5 @@
 #include "files/text_report.h"
 
-#include "entries/event_description.h"
-#include "entries/text_sink.h"
 #include "texts/strings.h"
 
 namespace qvl {
@@ -21,21 +19,14 @@ constexpr LabelledColumn kLabelledColumns[] = {
 };
 static_assert(std::size(kLabelledColumns) + 1 == kReportLinesPerEntry);
 
-std::string CellText(const CEventLogEntry& entry, Column column) {
-  std::array<char, kDescriptionSize> buffer;
-  TextSink text(buffer);
-  entry.GetColumnText(column, text);
-  return std::string(text.view());
-}
-
 }  // namespace
 
 std::array<std::string, kReportLinesPerEntry> ReportLines(const CEventLogEntry& entry) {
   std::array<std::string, kReportLinesPerEntry> lines;
-  lines[0] = CellText(entry, Column::kDescription);
+  lines[0] = entry.GetColumnText(Column::kDescription);
   std::size_t line = 1;
   for (const LabelledColumn& row : kLabelledColumns) {
-    lines[line++] = std::string(GetString(row.label)) + CellText(entry, row.column);
+    lines[line++] = std::string(GetString(row.label)) + entry.GetColumnText(row.column);
   }
   return lines;
 }

@@ -1,52 +1,29 @@
 // Any bytes are either a log or refused; what is a log can be listed, exported and written back.
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
-#include <string>
+#include <new>
 
 #include "files/additional_exports.h"
 #include "files/csv_export.h"
 #include "files/log_file.h"
 #include "files/text_report.h"
+#include "fuzz/memory_streams.h"
 
 namespace {
 
-class MemorySource : public qvl::ByteSource {
- public:
-  explicit MemorySource(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
-
-  qvl::Status Read(std::span<std::uint8_t> into, std::size_t& got) override {
-    got = std::min(into.size(), bytes_.size());
-    std::copy_n(bytes_.begin(), got, into.begin());
-    bytes_ = bytes_.subspan(got);
-    return qvl::Status::Ok();
-  }
-
- private:
-  std::span<const std::uint8_t> bytes_;
-};
-
-class MemorySink : public qvl::ByteSink {
- public:
-  qvl::Status Write(std::string_view bytes) override {
-    bytes_ += bytes;
-    return qvl::Status::Ok();
-  }
-  const std::string& bytes() const { return bytes_; }
-
- private:
-  std::string bytes_;
-};
+using qvl::fuzz::MemorySource;
+using qvl::fuzz::NoSink;
 
 void Export(const qvl::CEventLogEntry& entry) {
-  static MemorySink ignored;
+  static NoSink ignored;
   static qvl::BufferedWriter out(ignored);
   qvl::AppendCsvLine(entry, out);
   qvl::AppendStrictCsvLine(entry, out);
   qvl::AppendJsonLine(entry, out);
   qvl::AppendReportEntry(entry, "\n", out);
-  ignored = MemorySink();
 }
 
 // Reads the way a stream of unknown length is read.

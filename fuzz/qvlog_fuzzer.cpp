@@ -2,10 +2,12 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "fuzz/memory_streams.h"
 #include "tools/qvlog/command_line.h"
 #include "tools/qvlog/parsing.h"
 #include "tools/qvlog/qvlog.h"
@@ -13,28 +15,11 @@
 
 namespace {
 
-class MemorySource : public qvl::ByteSource {
- public:
-  explicit MemorySource(std::string_view bytes) : bytes_(bytes) {}
+using qvl::fuzz::MemorySource;
+using qvl::fuzz::NoSink;
 
-  qvl::Status Read(std::span<std::uint8_t> into, std::size_t& got) override {
-    got = std::min(into.size(), bytes_.size());
-    std::copy_n(bytes_.begin(), got, into.begin());
-    bytes_.remove_prefix(got);
-    return qvl::Status::Ok();
-  }
-
- private:
-  std::string_view bytes_;
-};
-
-class NoSink : public qvl::ByteSink {
- public:
-  qvl::Status Write(std::string_view /*bytes*/) override { return qvl::Status::Ok(); }
-};
-
-void Describe(std::string_view text) {
-  MemorySource input(text);
+void Describe(std::span<const std::uint8_t> lines) {
+  MemorySource input(lines);
   NoSink output;
   qvl::Console console{input, output, output, 0};
   const int status = qvl::RunQvlog({"describe"}, console);
@@ -76,7 +61,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (data[0] == 'a') {
     ParseArguments(text);
   } else if (data[0] == 'd') {
-    Describe(text);
+    Describe(std::span(data + 1, size - 1));
   } else {
     ParseValues(text);
   }

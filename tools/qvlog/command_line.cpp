@@ -171,6 +171,10 @@ void AddInfo(CLI::App& app, CommandLine& line) {
   AddFiles(app, line);
 }
 
+constexpr const char* kDescribeHelp =
+    "Describe records from standard input, 512 hexadecimal digits a line. A line that is no record "
+    "is reported and has no line in the output.";
+
 struct CommandRow {
   const char* name;
   Command command;
@@ -183,10 +187,7 @@ constexpr CommandRow kCommands[] = {
     {"show",     Command::kShow,     "Show every field of one entry",             AddShow   },
     {"info",     Command::kInfo,     "Count the entries and check their numbers", AddInfo   },
     {"export",   Command::kExport,   "Write the entries for another program",     AddExport },
-    {"describe", Command::kDescribe,
-     "Describe records from standard input, 512 hexadecimal digits a line. A line that is no "
-     "record "
-     "is reported and has no line in the output.",                                AddNothing},
+    {"describe", Command::kDescribe, kDescribeHelp,                               AddNothing},
     {"sample",   Command::kSample,   "Make a log for trials",                     AddSample },
 };
 

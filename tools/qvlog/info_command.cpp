@@ -14,13 +14,14 @@
 namespace qvl {
 namespace {
 
-constexpr std::size_t kLabelWidth = 28;
+// Label and number together; the numbers end in one column.
+constexpr std::size_t kCountWidth = 38;
 
 void AppendCount(std::string_view label, std::uint64_t count, std::string& out) {
   const std::string number = std::to_string(count);
   out.append("  ").append(label);
   const std::size_t used = label.size() + number.size();
-  out.append(used < kLabelWidth + 10 ? kLabelWidth + 10 - used : 1, ' ');
+  out.append(used < kCountWidth ? kCountWidth - used : 1, ' ');
   out.append(number).append("\n");
 }
 

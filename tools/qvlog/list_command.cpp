@@ -1,9 +1,5 @@
-#include <array>
 #include <string>
 
-#include "entries/event_description.h"
-#include "entries/log_time_text.h"
-#include "entries/text_sink.h"
 #include "tools/qvlog/commands.h"
 #include "tools/qvlog/visible_text.h"
 
@@ -46,10 +42,7 @@ std::string HeadingLine() {
 std::string EntryLine(const CEventLogEntry& entry) {
   std::string line;
   for (const ListingColumn& column : kListing) {
-    std::array<char, kDescriptionSize> buffer;
-    TextSink text(buffer);
-    entry.GetColumnText(column.column, text);
-    AppendCell(column, VisibleText(text.view()), line);
+    AppendCell(column, VisibleText(entry.GetColumnText(column.column)), line);
   }
   return line + "\n";
 }

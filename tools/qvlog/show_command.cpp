@@ -3,7 +3,6 @@
 #include <string>
 
 #include "entries/event_class.h"
-#include "entries/event_description.h"
 #include "entries/severity.h"
 #include "entries/text_sink.h"
 #include "tools/qvlog/commands.h"
@@ -25,10 +24,7 @@ void AppendLine(std::string_view label, std::string_view value, std::string& out
 }
 
 std::string CellText(const CEventLogEntry& entry, Column column) {
-  std::array<char, kDescriptionSize> buffer;
-  TextSink text(buffer);
-  entry.GetColumnText(column, text);
-  return VisibleText(text.view());
+  return VisibleText(entry.GetColumnText(column));
 }
 
 std::string NumberAndName(unsigned number, std::string_view name) {

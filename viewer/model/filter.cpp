@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "entries/field_formatters.h"
 #include "entries/severity.h"
 #include "texts/strings.h"
 
@@ -79,14 +80,10 @@ bool IsAll(std::string_view choice) {
   return choice == GetString(kAll);
 }
 
-char LowerAscii(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool StartsWithIgnoringCase(std::string_view text, std::string_view start) {
   return text.size() >= start.size() &&
          std::equal(start.begin(), start.end(), text.begin(),
-                    [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
+                    [](char a, char b) { return ToAsciiLower(a) == ToAsciiLower(b); });
 }
 
 }  // namespace

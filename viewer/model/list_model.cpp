@@ -2,8 +2,6 @@
 
 #include <numeric>
 
-#include "entries/event_description.h"
-#include "entries/text_sink.h"
 #include "viewer/model/sort.h"
 
 namespace qvl {
@@ -55,10 +53,8 @@ void ListModel::Sort() {
 
 CellContent ListModel::Cell(std::size_t row, int column) const {
   const CEventLogEntry& entry = EntryAt(row);
-  std::array<char, kDescriptionSize> buffer;
-  TextSink text(buffer);
-  entry.GetColumnText(kListColumns[static_cast<std::size_t>(column)].column, text);
-  return {std::string(text.view()), column == 0 ? entry.GetSeverityImage() : -1};
+  return {entry.GetColumnText(kListColumns[static_cast<std::size_t>(column)].column),
+          column == 0 ? entry.GetSeverityImage() : -1};
 }
 
 void CreateColumns(ListControl& control, const std::array<int, kNumberOfColumns>& widths) {
