@@ -1,6 +1,7 @@
 #include "files/buffered_writer.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cstring>
 
 namespace qvl {
@@ -19,6 +20,7 @@ void BufferedWriter::Append(std::string_view bytes) {
 }
 
 char* BufferedWriter::Room(std::size_t count) {
+  assert(count <= kLargestRoom);
   if (kSize - used_ < count) Flush();
   return buffer_.get() + used_;
 }

@@ -37,6 +37,10 @@ class PageLayout {
   int linesPerPage() const { return linesPerPage_; }
   int charactersPerLine() const { return charactersPerLine_; }
 
+  /// Where a line of a page stands, counted from 0, in device units below the page's top edge;
+  /// every line begins kPageMargin from the left one.
+  int LineTop(int line) const { return kPageMargin + line * lineHeight_; }
+
   /// Seven lines an entry over the lines of a page, rounded up; 0 without entries.
   int PageCount(std::size_t entries) const;
 

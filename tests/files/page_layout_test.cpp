@@ -231,5 +231,16 @@ TEST(FillNumber, ReplacesThePlaceholder) {
   EXPECT_EQ(FillNumber("no number", 3), "no number");
 }
 
+TEST(PageLayout, StepsDownFromTheMarginByTheLineHeight) {
+  PrinterMetrics metrics;
+  metrics.fontHeight = 30;
+  metrics.externalLeading = 4;
+  metrics.verticalResolution = 3400;
+  const PageLayout layout(metrics);
+  EXPECT_EQ(layout.LineTop(0), 25);
+  EXPECT_EQ(layout.LineTop(1), 59);
+  EXPECT_EQ(layout.LineTop(10), 365);
+}
+
 }  // namespace
 }  // namespace qvl
