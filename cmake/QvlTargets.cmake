@@ -18,3 +18,11 @@ function(qvl_library name)
   target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE qvl_options)
   target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
 endfunction()
+
+# qvl_program(NAME SOURCES... [LINKS targets...]): a program that users or tests start, in bin/.
+function(qvl_program name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LINKS} qvl_options)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${QVL_PROGRAM_DIR}")
+endfunction()

@@ -8,17 +8,9 @@
 #include <vector>
 
 #include "entries/event_log_entry.h"
+#include "platform/printer.h"
 
 namespace qvl {
-
-/// What a printer says of itself and of its font, in device units.
-struct PrinterMetrics {
-  int horizontalResolution = 0;
-  int verticalResolution = 0;
-  int fontHeight = 0;
-  int externalLeading = 0;
-  int averageCharacterWidth = 0;
-};
 
 /// Lines that pagination counts for an entry: a blank one and the six of its block.
 inline constexpr int kBudgetedLinesPerEntry = 7;

@@ -35,6 +35,12 @@ DWORD Disposition(ExclusiveFile::Mode mode) {
   return OPEN_ALWAYS;
 }
 
+// A file that grows may be read meanwhile: a run log is looked at while the run goes on.
+DWORD Sharing(ExclusiveFile::Mode mode) {
+  const bool read = mode == ExclusiveFile::Mode::kRead || mode == ExclusiveFile::Mode::kAppend;
+  return read ? FILE_SHARE_READ : 0;
+}
+
 }  // namespace
 
 ExclusiveFile::ExclusiveFile() : handle_(std::make_unique<Handle>()) {}
@@ -48,9 +54,9 @@ Status ExclusiveFile::Open(const std::string& path, Mode mode) {
   if (!closed.ok()) return closed;
   path_ = path;
   const bool reading = mode == Mode::kRead;
-  handle_->file = ::CreateFileW(WideFromUtf8(path).c_str(), reading ? GENERIC_READ : GENERIC_WRITE,
-                                reading ? FILE_SHARE_READ : 0, nullptr, Disposition(mode),
-                                FILE_ATTRIBUTE_NORMAL, nullptr);
+  handle_->file =
+      ::CreateFileW(WideFromUtf8(path).c_str(), reading ? GENERIC_READ : GENERIC_WRITE,
+                    Sharing(mode), nullptr, Disposition(mode), FILE_ATTRIBUTE_NORMAL, nullptr);
   if (handle_->file == INVALID_HANDLE_VALUE) return Failure("cannot open", path, ::GetLastError());
   if (mode == Mode::kAppend) {
     const LARGE_INTEGER zero = {};

@@ -25,6 +25,9 @@ class StandardOutput : public ByteSink {
 
   Status Write(std::string_view bytes) override;
 
+  /// True when a person reads along.
+  bool IsTerminal() const;
+
  private:
   Stream stream_;
 };

@@ -38,6 +38,10 @@ Status StandardOutput::Write(std::string_view bytes) {
   return Status::Ok();
 }
 
+bool StandardOutput::IsTerminal() const {
+  return ::isatty(stream_ == Stream::kOutput ? STDOUT_FILENO : STDERR_FILENO) != 0;
+}
+
 std::vector<std::string> ProgramArguments(int argc, char** argv) {
   if (argc < 1) return {};
   return {argv + 1, argv + argc};

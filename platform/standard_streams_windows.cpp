@@ -12,6 +12,11 @@ namespace {
 
 constexpr std::size_t kLargestTransfer = std::size_t{1} << 20U;
 
+HANDLE HandleOf(StandardOutput::Stream stream) {
+  return ::GetStdHandle(stream == StandardOutput::Stream::kOutput ? STD_OUTPUT_HANDLE
+                                                                  : STD_ERROR_HANDLE);
+}
+
 }  // namespace
 
 Status StandardInput::ReadSome(std::span<std::uint8_t> into, std::size_t& got) {
@@ -29,8 +34,7 @@ Status StandardInput::ReadSome(std::span<std::uint8_t> into, std::size_t& got) {
 }
 
 Status StandardOutput::Write(std::string_view bytes) {
-  const HANDLE handle =
-      ::GetStdHandle(stream_ == Stream::kOutput ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
+  const HANDLE handle = HandleOf(stream_);
   while (!bytes.empty()) {
     const auto want = static_cast<DWORD>(std::min(bytes.size(), kLargestTransfer));
     DWORD count = 0;
@@ -44,6 +48,11 @@ Status StandardOutput::Write(std::string_view bytes) {
     bytes.remove_prefix(count);
   }
   return Status::Ok();
+}
+
+bool StandardOutput::IsTerminal() const {
+  DWORD mode = 0;
+  return ::GetConsoleMode(HandleOf(stream_), &mode) != 0;
 }
 
 std::vector<std::string> ProgramArguments(int /*argc*/, char** /*argv*/) {

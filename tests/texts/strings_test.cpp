@@ -13,6 +13,7 @@
 
 #include "entries/event_class.h"
 #include "entries/severity.h"
+#include "texts/filled_text.h"
 
 namespace qvl {
 namespace {
@@ -151,6 +152,104 @@ TEST(Strings, HaveTheirPublicNumbersAndEnglishTexts) {
       {61333, "Page %d"                                                              },
   };
   for (const auto& [number, text] : texts) EXPECT_EQ(English(number), text) << number;
+}
+
+TEST(Strings, HaveTheWindowsNumbersAndEnglishTexts) {
+  const std::vector<std::pair<int, std::string_view>> texts = {
+      {509,   "Attempting to mark the selected events as repaired..."                       },
+      {510,   "Attempting to clear the log..."                                              },
+      {512,   "Loading data..."                                                             },
+      {513,   "Connecting to %s"                                                            },
+      {535,   "Failed to mark one or more of the selected entries as repaired."             },
+      {536,
+       "Either the driver does not support the Quarvel Log or there is no Quarvel Log on this "
+       "system"                                                                             },
+      {538,
+       "The clear log command failed. The server may be temporarily inaccessible due to network "
+       "problems, or the Remote Monitor Service may have been suspended."                   },
+      {540,
+       "One or more entries were not marked as repaired because they were already tagged as "
+       "repaired, or were informational entries that did not need to be marked as repaired."},
+      {61204, "Select a machine from the list below."                                       },
+      {61254, "&Clear"                                                                      },
+      {61259, "&Save..."                                                                    },
+      {61260, "&Export..."                                                                  },
+      {61261, "&Print..."                                                                   },
+      {61262,
+       "Save the log entries to a .QVX file. The file can be read into the viewer at a later "
+       "time."                                                                              },
+      {61263, "Export the log entries to a comma separated file."                           },
+      {61264,
+       "Print the displayed log entries. Note: filtering affects which log entries will be "
+       "printed."                                                                           },
+      {61265, "If you still want to clear the log on this machine, select the Clear button."},
+      {61266,
+       "You have chosen to clear the Quarvel Log on the currently selected machine. This will "
+       "permanently remove all entries from the log. You can save the entries by selecting one of "
+       "the following options:"                                                             },
+      {61297, "Unable to log the maintenance note to the Quarvel Log."                      },
+      {61299,
+       "Enter the text for the maintenance note. The text must be between 1 and 227 characters in "
+       "length."                                                                            },
+      {128,
+       "Korvath Quarvel Log Viewer\n\nZlkqvxv\nKorvath Quarvel Logs (*.qvx)\n.qvx\n"
+       "Zlkqvxv.Document\nZlkqvxv Document"                                                 },
+  };
+  for (const auto& [number, text] : texts) EXPECT_EQ(English(number), text) << number;
+}
+
+TEST(Strings, NameTheFilterDialogAndTheStatusBar) {
+  EXPECT_EQ(GetString(StringId::kFilterPrompt, Language::kEnglish),
+            "Select the value for each category by which you want the events to be filtered.");
+  EXPECT_EQ(GetString(StringId::kFilterClass, Language::kEnglish), "&Class:");
+  EXPECT_EQ(GetString(StringId::kFilterSeverity, Language::kEnglish), "&Severity:");
+  EXPECT_EQ(GetString(StringId::kFilterUpdateTime, Language::kEnglish), "&Update Time:");
+  EXPECT_EQ(GetString(StringId::kFilterInitialTime, Language::kEnglish), "&Initial Time:");
+  EXPECT_EQ(GetString(StringId::kFilterReset, Language::kEnglish), "&Reset");
+  EXPECT_EQ(GetString(StringId::kFiltered, Language::kEnglish), "Filtered");
+  EXPECT_EQ(GetString(StringId::kNotFiltered, Language::kEnglish), "Not Filtered");
+}
+
+// Seven fields: only what a user reads differs.
+TEST(Strings, RegisterTheSameFileTypeInBothLanguages) {
+  const auto fields = [](Language language) {
+    std::vector<std::string_view> parts;
+    std::string_view text = GetString(StringId::kDocumentType, language);
+    for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+      parts.push_back(text.substr(0, end));
+      text.remove_prefix(end + 1);
+    }
+    parts.push_back(text);
+    return parts;
+  };
+  const std::vector<std::string_view> english = fields(Language::kEnglish);
+  const std::vector<std::string_view> japanese = fields(Language::kJapanese);
+  ASSERT_EQ(english.size(), 7U);
+  ASSERT_EQ(japanese.size(), 7U);
+  for (const std::size_t same : {1U, 2U, 4U, 5U, 6U}) EXPECT_EQ(english[same], japanese[same]);
+}
+
+TEST(Strings, MarkAtMostOneMnemonic) {
+  for (const StringRow& row : AllStrings()) {
+    for (const std::string_view text : {row.english, row.japanese}) {
+      EXPECT_LE(std::count(text.begin(), text.end(), '&'), 1) << NumberOf(row.id);
+    }
+    EXPECT_EQ(row.english.find('&') == std::string_view::npos,
+              row.japanese.find('&') == std::string_view::npos)
+        << NumberOf(row.id);
+  }
+}
+
+TEST(FilledText, PutsTheArgumentsInOrder) {
+  EXPECT_EQ(FilledText(StringId::kProgressConnecting, {"SRV1"}), "Connecting to SRV1");
+  EXPECT_EQ(FilledText(StringId::kStatusCounts, {"1", "2", "3"}), "1 shown, 2 selected, 3 in all");
+  EXPECT_EQ(FilledText(StringId::kNotFiltered), "Not Filtered");
+}
+
+TEST(FilledText, TakesNoArgumentForAConversion) {
+  EXPECT_EQ(FilledText(StringId::kTailRemains, {"%s%s%n", "2"}).find("The file %s%s%n holds"), 0U);
+  EXPECT_EQ(FilledText(StringId::kProgressConnecting, {"%", "left over"}), "Connecting to %");
+  EXPECT_EQ(FilledText(StringId::kProgressConnecting), "Connecting to %s");
 }
 
 TEST(Strings, NameTheTimeFilters) {
