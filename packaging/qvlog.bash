@@ -1,4 +1,4 @@
-# Bash completion of qvlog: commands, options, their choices, sort columns and log files.
+# Bash completion of qvlog: commands, options, their choices, sort columns, log files and machines.
 
 # The text of a word as the shell would pass it on: no opening quote, no backslashes.
 _qvlog_plain() {
@@ -49,7 +49,13 @@ _qvlog_value() {
             _qvlog_offer "$3" "$4" "(All)" "Since Yesterday" "Since Last Week" \
                 "Since Last Month" "Since Last 6 Months" "Since Last Year"
             ;;
-        --format) _qvlog_offer "$3" "$4" csv strict-csv jsonl report ;;
+        --format)
+            if [[ $1 == read ]]; then
+                _qvlog_offer "$3" "$4" list qvx csv strict-csv jsonl report
+            else
+                _qvlog_offer "$3" "$4" csv strict-csv jsonl report
+            fi
+            ;;
         --sort)
             if [[ $3 == *:* ]]; then
                 _qvlog_offer "${3#*:}" "$4${3%%:*}:" asc desc
@@ -76,6 +82,7 @@ _qvlog_options() {
         show | info | describe) echo "-h --help --" ;;
         export) echo "-h --help -- --format --machine -o --output $selection" ;;
         sample) echo "-h --help -- --entries --seed -o --output" ;;
+        read) echo "-h --help --no-header -- --format -o --output $selection" ;;
         *) echo "-h --help --version --" ;;
     esac
 }
@@ -129,11 +136,13 @@ _qvlog() {
             [[ $word == --?* && $word == "$current"* ]] && COMPREPLY+=("$word")
         done
     elif [[ -z $command ]]; then
-        _qvlog_offer "$current" '' list show info export describe sample
+        _qvlog_offer "$current" '' list show info export describe sample read
     elif [[ $command == list || $command == info || $command == export ]]; then
         _qvlog_files "$current" '' '*.qvx'
     elif [[ $command == show ]] && ((positionals > 0)); then
         _qvlog_files "$current" '' '*.qvx'
+    elif [[ $command == read ]] && ((positionals == 0)); then
+        mapfile -t COMPREPLY < <(compgen -A hostname -- "$current")
     fi
 
     # Replies stand for the last piece alone.

@@ -5,12 +5,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "access/remote_monitor_client.h"
 #include "platform/byte_stream.h"
 #include "tools/qvlog/qvlog.h"
 
@@ -82,10 +84,13 @@ struct FakeConsole {
   StringSink output;
   StringSink error;
   Moment now = 1795176000;  // 2026-11-20 12:00 UTC
+  std::function<RemoteMonitorClient&()> client;
+  bool outputIsTerminal = false;
+  bool errorIsTerminal = false;
 
   /// Runs qvlog; returns its exit status.
   int Run(const std::vector<std::string>& arguments) {
-    Console console{input, output, error, now};
+    Console console{input, output, error, now, client, outputIsTerminal, errorIsTerminal};
     return RunQvlog(arguments, console);
   }
 };

@@ -53,7 +53,7 @@ replies() {
 
 # ---- Commands and options ----
 
-replies 'describe|export|info|list|sample|show' ''
+replies 'describe|export|info|list|read|sample|show' ''
 replies 'list' li
 replies 'list' LI
 replies '' frob
@@ -64,6 +64,7 @@ replies '--severity' list server1.qvx --sev
 replies '--help' show -
 replies '--machine' export --m
 replies '--entries' sample --e
+replies '--no-header' read --no
 replies 'list' --version l
 
 # ---- Choices ----
@@ -84,6 +85,8 @@ replies 'Since\ Last\ 6\ Months|Since\ Last\ Month|Since\ Last\ Week|Since\ Last
     list --updated 'Since\ L'
 replies 'Since Yesterday' list --initial '"since y'
 replies 'strict-csv' export --format s
+replies 'csv|jsonl|list|qvx|report|strict-csv' read --format ''
+replies 'qvx' read --format q
 replies '' list --class Nothing
 replies '' list --since ''
 replies '' list --text ''
@@ -129,6 +132,17 @@ replies 'notes.txt' export --output = n
 replies 'server1.qvx' export -o notes.txt s
 replies '' sample -o n
 replies 'server1.qvx' sample --seed 3 -o s
+replies 'notes.txt' read -o n
+
+# ---- Machines ----
+
+printf '127.0.0.2 trial-server1 trial-server2\n' >hosts
+HOSTFILE=$folder/hosts
+replies 'trial-server1|trial-server2' read trial-s
+replies 'trial-server2' read --format qvx -o server2.qvx trial-server2
+replies '' read trial-server1 trial-s
+unset HOSTFILE
+rm hosts
 
 # ---- The program's own words ----
 
@@ -155,7 +169,7 @@ options_of() { help_of "$@" | sed -n 's/^  \(-.,\)\{0,1\}\(--[a-z-]*\) .*/\2/p';
 short_options_of() { help_of "$@" | sed -n 's/^  \(-.\),--[a-z-]* .*/\1/p'; }
 
 commands=$(help_of | sed -n '/^Subcommands:/,/^$/s/^  \([a-z][a-z]*\) .*/\1/p')
-check "the commands of the help" 6 "$(wc -w <<<"$commands")"
+check "the commands of the help" 7 "$(wc -w <<<"$commands")"
 complete_words ''
 check "the commands of the completion" "$(sort <<<"$commands")" \
     "$(printf '%s\n' "${COMPREPLY[@]}" | sort)"
@@ -181,7 +195,8 @@ choices_of() {
         sed -n 's/^.* is not one of: //p' | tr -d '\r' | sed 's/, /\n/g'
 }
 
-for case in 'list --class' 'list --severity' 'list --updated' 'list --initial' 'export --format'; do
+for case in 'list --class' 'list --severity' 'list --updated' 'list --initial' 'export --format' \
+    'read --format'; do
     read -r command option <<<"$case"
     choices=$(choices_of "$command" "$option")
     check "$option has choices" yes "$([[ -n $choices ]] && echo yes)"

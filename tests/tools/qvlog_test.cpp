@@ -212,7 +212,7 @@ TEST(QvlogCommandLine, MistakesAreMessagesAndStatusTwo) {
 TEST(QvlogCommandLine, HelpAndVersionAreData) {
   for (const char* const text :
        {"--help", "-h", "list|--help", "show|--help", "info|--help", "export|-h", "describe|--help",
-        "sample|--help", "list|-h|x.qvx"}) {
+        "sample|--help", "read|--help", "list|-h|x.qvx"}) {
     const Result result = Qvlog(Split(text));
     EXPECT_EQ(result.status, 0) << text;
     EXPECT_EQ(result.error, "") << text;
@@ -225,9 +225,18 @@ TEST(QvlogCommandLine, HelpAndVersionAreData) {
   EXPECT_EQ(version.error, "");
 }
 
+TEST(QvlogCommandLine, TheVersionIsToldBehindACommandToo) {
+  const std::string version = Qvlog({"--version"}).output;
+  for (const char* const text : {"list|--version", "read|--version", "--version|list|-"}) {
+    const Result result = Qvlog(Split(text));
+    EXPECT_EQ(result.status, 0) << text << ": " << result.error;
+    EXPECT_EQ(result.output, version) << text;
+  }
+}
+
 TEST(QvlogCommandLine, HelpNamesEveryCommandAndOption) {
   const std::string all = Qvlog({"--help"}).output;
-  for (const char* const name : {"list", "show", "info", "export", "describe", "sample"}) {
+  for (const char* const name : {"list", "show", "info", "export", "describe", "sample", "read"}) {
     EXPECT_TRUE(Contains(all, std::string("\n  ") + name + " ")) << name;
   }
   const std::string list = Qvlog({"list", "--help"}).output;

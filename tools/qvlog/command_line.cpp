@@ -3,9 +3,11 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <limits>
+#include <span>
 #include <sstream>
 #include <string_view>
 
+#include "access/machine_name.h"
 #include "tools/qvlog/parsing.h"
 #include "tools/qvlog/qvlog.h"
 
@@ -13,11 +15,12 @@ namespace qvl {
 namespace {
 
 constexpr const char* kDescription =
-    "Reads saved Quarvel Logs: every entry in English, filtered, sorted, exported.";
+    "Reads Quarvel Logs, saved ones and those of machines: every entry in English, filtered, "
+    "sorted, exported.";
 
 constexpr const char* kExamples =
     "Each command has its own help: qvlog list --help\n"
-    "Exit status: 0 done, 1 failure, 2 usage.\n"
+    "Exit status: 0 done, 1 failure, 2 usage, 130 interrupted.\n"
     "\n"
     "Examples:\n"
     "  qvlog list server1.qvx\n"
@@ -27,7 +30,10 @@ constexpr const char* kExamples =
     "  qvlog info server1.qvx\n"
     "  qvlog export --format csv --machine SERVER1 -o server1.csv server1.qvx\n"
     "  qvlog export --format jsonl server1.qvx | jq .description\n"
+    "  qvlog read -o server1.qvx SERVER1\n"
     "  qvlog sample --entries 1000 --seed 7 -o trial.qvx";
+
+constexpr const char* kVersionLine = "qvlog " QVL_VERSION "\n";
 
 constexpr const char* kSortColumns =
     "number, description, class, severity, count, updated or initial";
@@ -113,13 +119,6 @@ void AddFiles(CLI::App& app, CommandLine& line) {
   app.add_option("FILE", line.files, "Log files; - is standard input")->required();
 }
 
-void AddList(CLI::App& app, CommandLine& line) {
-  AddSelection(app, line);
-  app.add_flag_callback(
-      "--no-header", [&line] { line.header = false; }, "Leave the heading line out");
-  AddFiles(app, line);
-}
-
 void AddShow(CLI::App& app, CommandLine& line) {
   AddNumber(app, "NUMBER", line.entryNumber, "The entry's number")->required();
   AddFiles(app, line);
@@ -127,37 +126,81 @@ void AddShow(CLI::App& app, CommandLine& line) {
 
 struct FormatName {
   std::string_view name;
-  ExportFormat format;
+  EntryFormat format;
 };
 
-constexpr FormatName kFormats[] = {
-    {"csv",        ExportFormat::kCsv      },
-    {"strict-csv", ExportFormat::kStrictCsv},
-    {"jsonl",      ExportFormat::kJsonLines},
-    {"report",     ExportFormat::kReport   },
+// What `export` writes, and what `read` writes beside it.
+constexpr FormatName kExportFormats[] = {
+    {"csv",        EntryFormat::kCsv      },
+    {"strict-csv", EntryFormat::kStrictCsv},
+    {"jsonl",      EntryFormat::kJsonLines},
+    {"report",     EntryFormat::kReport   },
+};
+constexpr FormatName kReadFormats[] = {
+    {"list",       EntryFormat::kList     },
+    {"qvx",        EntryFormat::kQvx      },
+    {"csv",        EntryFormat::kCsv      },
+    {"strict-csv", EntryFormat::kStrictCsv},
+    {"jsonl",      EntryFormat::kJsonLines},
+    {"report",     EntryFormat::kReport   },
 };
 
-void SetFormat(const std::string& given, ExportFormat& format) {
-  std::vector<std::string_view> names;
-  for (const FormatName& candidate : kFormats) {
-    names.push_back(candidate.name);
-    if (candidate.name != given) continue;
-    format = candidate.format;
-    return;
-  }
-  throw CLI::ValidationError("'" + given + "' is not one of: " + Joined(names));
+void AddFormat(CLI::App& app, CommandLine& line, std::span<const FormatName> formats,
+               const char* help) {
+  const auto parse = [&line, formats](const std::string& given) {
+    std::vector<std::string_view> names;
+    for (const FormatName& candidate : formats) {
+      names.push_back(candidate.name);
+      if (candidate.name != given) continue;
+      line.format = candidate.format;
+      return;
+    }
+    throw CLI::ValidationError("'" + given + "' is not one of: " + Joined(names));
+  };
+  app.add_option_function<std::string>("--format", parse, help)->type_name("FORMAT");
+}
+
+void AddOutput(CLI::App& app, CommandLine& line) {
+  app.add_option("-o,--output", line.output, "The file to write; - is standard output (default)");
+}
+
+void AddHeader(CLI::App& app, CommandLine& line) {
+  app.add_flag_callback(
+      "--no-header", [&line] { line.header = false; }, "Leave the heading line out");
+}
+
+void AddList(CLI::App& app, CommandLine& line) {
+  AddSelection(app, line);
+  AddHeader(app, line);
+  AddFiles(app, line);
 }
 
 void AddExport(CLI::App& app, CommandLine& line) {
-  app.add_option_function<std::string>(
-         "--format", [&line](const std::string& given) { SetFormat(given, line.format); },
-         "csv as the viewer exports it (default), strict-csv (RFC 4180), jsonl (an object a line), "
-         "report (labelled blocks)")
-      ->type_name("FORMAT");
+  AddFormat(app, line, kExportFormats,
+            "csv as the viewer exports it (default), strict-csv (RFC 4180), jsonl (an object a "
+            "line), report (labelled blocks)");
   app.add_option("--machine", line.machine, "The machine named in the title of csv and report");
-  app.add_option("-o,--output", line.output, "The file to write; - is standard output (default)");
+  AddOutput(app, line);
   AddSelection(app, line);
   AddFiles(app, line);
+}
+
+void AddRead(CLI::App& app, CommandLine& line) {
+  AddFormat(app, line, kReadFormats,
+            "list (default), qvx (a log file; default for an output named *.qvx), csv, strict-csv, "
+            "jsonl, report");
+  AddOutput(app, line);
+  AddSelection(app, line);
+  AddHeader(app, line);
+  const auto parse = [&line](const std::string& given) {
+    // Any name for this computer will do here.
+    if (NormaliseMachineName(given, "HERE").empty()) {
+      throw CLI::ValidationError("'" + given + "' names no machine");
+    }
+    line.machine = given;
+  };
+  app.add_option_function<std::string>("MACHINE", parse, "The machine; . is this computer")
+      ->required();
 }
 
 void AddSample(CLI::App& app, CommandLine& line) {
@@ -189,6 +232,7 @@ constexpr CommandRow kCommands[] = {
     {"export",   Command::kExport,   "Write the entries for another program",     AddExport },
     {"describe", Command::kDescribe, kDescribeHelp,                               AddNothing},
     {"sample",   Command::kSample,   "Make a log for trials",                     AddSample },
+    {"read",     Command::kRead,     "Read the log of a machine",                 AddRead   },
 };
 
 // What CLI11 would read otherwise than a user means it.
@@ -205,6 +249,28 @@ std::vector<std::string> Prepared(const std::vector<std::string>& arguments) {
   return prepared;
 }
 
+void AddCommands(CLI::App& app, const std::vector<std::string>& arguments, CommandLine& line,
+                 bool& version) {
+  for (const CommandRow& row : kCommands) {
+    CLI::App* const command = app.add_subcommand(row.name, row.help);
+    command->callback([&line, &row] { line.command = row.command; });
+    // Only the command that is called gets its options: a start takes no longer than it must.
+    if (std::find(arguments.begin(), arguments.end(), row.name) == arguments.end()) continue;
+    row.addOptions(*command, line);
+    // It works behind a command too; its place in the help is in front.
+    command->add_flag("--version", version)->group("");
+  }
+}
+
+void Explain(const CLI::App& app, const CLI::ParseError& error, ParsedCommandLine& parsed) {
+  std::ostringstream out;
+  std::ostringstream err;
+  const bool asked = app.exit(error, out, err) == 0;
+  parsed.output = out.str();
+  parsed.error = err.str();
+  parsed.exitStatus = asked ? kExitDone : kExitUsage;
+}
+
 }  // namespace
 
 ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
@@ -214,13 +280,7 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   bool version = false;
   app.add_flag("--version", version, "Print the version and exit");
   app.require_subcommand(0, 1);
-  for (const CommandRow& row : kCommands) {
-    CLI::App* const command = app.add_subcommand(row.name, row.help);
-    command->callback([&line, &row] { line.command = row.command; });
-    // Only the command that is called gets its options: a start takes no longer than it must.
-    const bool called = std::find(arguments.begin(), arguments.end(), row.name) != arguments.end();
-    if (called) row.addOptions(*command, line);
-  }
+  AddCommands(app, arguments, line, version);
   app.footer(kExamples);  // now, so that the commands do not repeat it
   ParsedCommandLine parsed;
   try {
@@ -230,7 +290,7 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
     if (version) {
       // Not CLI11's own version flag: that one throws, and the first exception of a statically
       // linked program costs more than the rest of its life.
-      parsed.output = "qvlog " QVL_VERSION "\n";
+      parsed.output = kVersionLine;
       return parsed;
     }
     if (app.get_subcommands().empty()) throw CLI::RequiredError("A command");
@@ -238,13 +298,15 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
       throw CLI::ValidationError("standard input (-) can be read only once");
     }
     parsed.run = std::move(line);
+  } catch (const CLI::RequiredError& error) {
+    // Who asks a command for the version has nothing for it to do.
+    if (version) {
+      parsed.output = kVersionLine;
+    } else {
+      Explain(app, error, parsed);
+    }
   } catch (const CLI::ParseError& error) {
-    std::ostringstream out;
-    std::ostringstream err;
-    const bool asked = app.exit(error, out, err) == 0;
-    parsed.output = out.str();
-    parsed.error = err.str();
-    parsed.exitStatus = asked ? kExitDone : kExitUsage;
+    Explain(app, error, parsed);
   }
   return parsed;
 }

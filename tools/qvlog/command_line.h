@@ -6,13 +6,13 @@
 #include <string>
 #include <vector>
 
+#include "tools/qvlog/entry_formats.h"
 #include "tools/qvlog/selection.h"
 #include "viewer/model/list_model.h"
 
 namespace qvl {
 
-enum class Command : std::uint8_t { kList, kShow, kInfo, kExport, kDescribe, kSample };
-enum class ExportFormat : std::uint8_t { kCsv, kStrictCsv, kJsonLines, kReport };
+enum class Command : std::uint8_t { kList, kShow, kInfo, kExport, kDescribe, kSample, kRead };
 
 /// A command line taken apart. Names of files are "-" for standard input and output.
 struct CommandLine {
@@ -22,7 +22,7 @@ struct CommandLine {
   std::optional<SortState> sort;
   bool header = true;
   std::uint32_t entryNumber = 0;
-  ExportFormat format = ExportFormat::kCsv;
+  std::optional<EntryFormat> format;  // none when the command is to choose
   std::string machine;
   std::string output = "-";
   std::uint32_t entries = 200;

@@ -2,7 +2,6 @@
 
 #include <numeric>
 
-#include "entries/entry_list.h"
 #include "tools/qvlog/log_input.h"
 #include "viewer/model/sort.h"
 
@@ -21,27 +20,46 @@ bool WriteSorted(const EntryList& entries, SortState sort,
 
 }  // namespace
 
+SelectedEntries::SelectedEntries(const CommandLine& line, Moment now, BeginOutput begin,
+                                 WriteEntry write)
+    : selection_(line.selection, now),
+      sort_(line.sort),
+      begin_(std::move(begin)),
+      write_(std::move(write)) {}
+
+bool SelectedEntries::Begin() {
+  if (!begun_) opened_ = begin_();
+  begun_ = true;
+  return opened_;
+}
+
+bool SelectedEntries::Take(const CEventLogEntry& entry) {
+  if (!writing_ || !selection_.Takes(entry)) return writing_;
+  ++taken_;
+  if (sort_) {
+    kept_.Append(entry.raw());
+  } else {
+    writing_ = write_(entry);
+  }
+  return writing_;
+}
+
+void SelectedEntries::Finish() {
+  if (sort_ && opened_) writing_ = WriteSorted(kept_, *sort_, write_);
+}
+
 bool WriteSelected(const CommandLine& line, Console& console, const std::function<bool()>& begin,
                    const std::function<bool(const CEventLogEntry&)>& write) {
-  const Selection selection(line.selection, console.now);
-  EntryList kept;
-  bool begun = false;
-  bool writing = true;
+  SelectedEntries selected(line, console.now, begin, write);
   const bool allRead = ReadLogs(line.files, console, [&](std::span<const CEventLogEntry> entries) {
-    if (!begun) writing = begin();
-    begun = true;
+    bool writing = selected.Begin();
     for (const CEventLogEntry& entry : entries) {
       if (!writing) break;
-      if (!selection.Takes(entry)) continue;
-      if (line.sort) {
-        kept.Append(entry.raw());
-      } else {
-        writing = write(entry);
-      }
+      writing = selected.Take(entry);
     }
     return writing;
   });
-  if (line.sort && writing) WriteSorted(kept, *line.sort, write);
+  selected.Finish();
   return allRead;
 }
 

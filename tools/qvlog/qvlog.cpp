@@ -21,6 +21,8 @@ int Run(const CommandLine& line, Console& console) {
       return RunExport(line, console);
     case Command::kDescribe:
       return RunDescribe(console);
+    case Command::kRead:
+      return RunRead(line, console);
     case Command::kSample:
       break;
   }
