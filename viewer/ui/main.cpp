@@ -1,0 +1,18 @@
+#include "batch/batch_runner.h"
+#include "platform/standard_streams.h"
+#include "platform/system_names.h"
+#include "texts/strings.h"
+#include "viewer/ui/start_message.h"
+
+int main(int argc, char** argv) {
+  if (qvl::UserReadsJapanese()) qvl::SetCurrentLanguage(qvl::Language::kJapanese);
+  // Before any toolkit starts: batch mode needs no display.
+  const std::vector<std::string> arguments = qvl::ProgramArguments(argc, argv);
+  if (qvl::IsBatchCommandLine(arguments)) {
+    return qvl::BatchRunner(qvl::ProcessBatchEnvironment(argc, argv)).Run(arguments);
+  }
+  qvl::ShowStartMessage(
+      "zlkqvxv: the window is not part of this version yet; a first argument that begins with "
+      "'-' or '/' starts batch mode.");
+  return 1;
+}
