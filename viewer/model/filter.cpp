@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "entries/field_formatters.h"
 #include "entries/severity.h"
 #include "texts/strings.h"
+#include "viewer/model/ascii_case.h"
 
 namespace qvl {
 namespace {
@@ -80,12 +80,6 @@ bool IsAll(std::string_view choice) {
   return choice == GetString(kAll);
 }
 
-bool StartsWithIgnoringCase(std::string_view text, std::string_view start) {
-  return text.size() >= start.size() &&
-         std::equal(start.begin(), start.end(), text.begin(),
-                    [](char a, char b) { return ToAsciiLower(a) == ToAsciiLower(b); });
-}
-
 }  // namespace
 
 FilterChoices::FilterChoices()
@@ -112,7 +106,7 @@ std::vector<std::string_view> TimeChoices() {
 
 std::size_t FindChoice(const std::vector<std::string_view>& choices, std::string_view text) {
   for (std::size_t i = 0; i < choices.size(); ++i) {
-    if (StartsWithIgnoringCase(choices[i], text)) return i;
+    if (BeginsIgnoringCase(choices[i], text)) return i;
   }
   return kNoChoice;
 }

@@ -26,6 +26,7 @@ std::span<const ListColumn, kNumberOfColumns> ListColumns() {
 
 void ListModel::Reset() {
   filter_ = FilterChoices();
+  timeRange_.reset();
   sort_ = SortState();
 }
 
@@ -36,6 +37,11 @@ void ListModel::Refill(Moment now) {
   } else {
     shown_.resize(entries_.size());
     std::iota(shown_.begin(), shown_.end(), EntryIndex{0});
+  }
+  if (timeRange_) {
+    std::erase_if(shown_, [this](EntryIndex i) {
+      return !IsWithin(*timeRange_, entries_.Head(i).updateTime);
+    });
   }
   Sort();
 }

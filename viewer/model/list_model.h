@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,6 +14,8 @@
 #include "platform/local_time.h"
 #include "texts/strings.h"
 #include "viewer/model/filter.h"
+#include "viewer/model/list_control.h"
+#include "viewer/model/wall_minute.h"
 
 namespace qvl {
 
@@ -27,31 +30,6 @@ struct ListColumn {
 
 /// The six columns in their order, all aligned left.
 std::span<const ListColumn, kNumberOfColumns> ListColumns();
-
-/// The list operations that the view needs of its toolkit. Rows hold no text: the control asks
-/// for the cells that it draws. A million rows are handed over at once, already in order.
-class ListControl {
- public:
-  virtual ~ListControl() = default;
-
-  virtual void SetReportMode() = 0;
-  virtual void InsertColumn(int index, std::string_view heading, int width) = 0;
-  virtual int GetColumnWidth(int index) const = 0;
-  virtual void DeleteAllRows() = 0;
-  /// Rows 0 to `count` - 1, texts and pictures by callback.
-  virtual void InsertRows(std::size_t count) = 0;
-  /// The rows kept their number but changed their order.
-  virtual void RowsReordered() = 0;
-  virtual void SelectAndFocusRow(std::size_t row) = 0;
-  virtual std::size_t RowCount() const = 0;
-  virtual std::size_t SelectedRowCount() const = 0;
-  /// The next selected row at or after `row`; `kNoRow` when there is none.
-  virtual std::size_t NextSelectedRow(std::size_t row) const = 0;
-  /// The row under a point of the control; `kNoRow` when there is none.
-  virtual std::size_t RowAt(int x, int y) const = 0;
-
-  static constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
-};
 
 /// Which column orders the rows, and in which direction. A log opens with its latest update first.
 struct SortState {
@@ -75,6 +53,14 @@ class ListModel {
 
   const FilterChoices& filter() const { return filter_; }
   void SetFilter(FilterChoices choices) { filter_ = std::move(choices); }
+
+  /// A stretch of update times beside the four criteria; all entries outside it are left out.
+  const std::optional<TimeRange>& timeRange() const { return timeRange_; }
+  void SetTimeRange(std::optional<TimeRange> range) { timeRange_ = range; }
+
+  /// True when the filter or the stretch of time restricts.
+  bool IsFiltered() const { return filter_.IsActive() || timeRange_.has_value(); }
+
   const SortState& sort() const { return sort_; }
   void SetSort(SortState sort) { sort_ = sort; }
 
@@ -99,6 +85,7 @@ class ListModel {
 
   const EntryList& entries_;
   FilterChoices filter_;
+  std::optional<TimeRange> timeRange_;
   SortState sort_;
   std::vector<EntryIndex> shown_;  // in list order
   std::vector<EntryIndex> rows_;   // in the order of the sort

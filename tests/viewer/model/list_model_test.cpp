@@ -6,48 +6,16 @@
 #include <vector>
 
 #include "tests/files/file_fixtures.h"
+#include "tests/viewer/model/recording_control.h"
 
 namespace qvl {
 namespace {
 
 using testing::LanguageScope;
 using testing::Record;
+using testing::RecordingControl;
 
 using Calls = std::vector<std::string>;
-
-// Records what it is told, as a window would have to do it.
-class RecordingControl : public ListControl {
- public:
-  const Calls& calls() const { return calls_; }
-
-  void SetReportMode() override { calls_.emplace_back("report mode"); }
-  void InsertColumn(int index, std::string_view heading, int width) override {
-    calls_.push_back("column " + std::to_string(index) + " " + std::string(heading) + " " +
-                     std::to_string(width));
-  }
-  int GetColumnWidth(int /*index*/) const override { return 0; }
-  void DeleteAllRows() override {
-    rows_ = 0;
-    calls_.emplace_back("delete all rows");
-  }
-  void InsertRows(std::size_t count) override {
-    rows_ += count;
-    calls_.push_back("insert " + std::to_string(count) + " rows");
-  }
-  void RowsReordered() override { calls_.emplace_back("reordered"); }
-  void SelectAndFocusRow(std::size_t row) override {
-    EXPECT_LT(row, rows_);
-    calls_.push_back("select row " + std::to_string(row));
-  }
-  std::size_t RowCount() const override { return rows_; }
-  std::size_t SelectedRowCount() const override { return 0; }
-  std::size_t NextSelectedRow(std::size_t /*row*/) const override { return kNoRow; }
-  std::size_t RowAt(int /*x*/, int /*y*/) const override { return kNoRow; }
-
- private:
-  std::size_t rows_ = 0;
-  Calls calls_;
-};
 
 constexpr Moment kNoon = 1795176300;
 
@@ -332,6 +300,30 @@ TEST(ListModel, GivesThePictureOfTheSeverity) {
     const int expected = severity == 15 ? 0 : severity == 9 ? 1 : severity == 6 ? 2 : 3;
     EXPECT_EQ(model.Cell(severity, 0).image, expected) << severity;
   }
+}
+
+TEST(ListModel, AStretchOfTimeNarrowsTheFilter) {
+  const EntryList list = FourEntries();
+  ListModel model(list);
+  const std::optional<WallMinute> first = MinuteOf({20, 26, 11, 2, 0, 0});
+  const std::optional<WallMinute> last = MinuteOf({20, 26, 11, 3, 0, 0});
+  ASSERT_TRUE(first && last);
+  model.SetTimeRange(TimeRange{*first, *last});
+  model.Refill(kNoon);
+  EXPECT_TRUE(model.IsFiltered());
+  EXPECT_FALSE(model.filter().IsActive());
+  EXPECT_EQ(Numbers(model), (std::vector<std::uint32_t>{40, 20, 30}));
+
+  FilterChoices choices;
+  choices.eventClass = "UPS";
+  model.SetFilter(choices);
+  model.Refill(kNoon);
+  EXPECT_EQ(Numbers(model), std::vector<std::uint32_t>{30});
+
+  model.Reset();
+  model.Refill(kNoon);
+  EXPECT_FALSE(model.IsFiltered());
+  EXPECT_EQ(model.rowCount(), 4U);
 }
 
 }  // namespace

@@ -1,0 +1,113 @@
+#include "viewer/model/list_position.h"
+
+#include <algorithm>
+#include <functional>
+#include <string_view>
+#include <unordered_map>
+
+namespace qvl {
+namespace {
+
+constexpr std::size_t kNoRow = ListControl::kNoRow;
+
+EntryIdentity IdentityOf(const CEventLogEntry& entry) {
+  const RawLogEntry& raw = entry.raw();
+  return {raw.entryNumber, raw.eventClass, raw.eventCode, raw.initialTime};
+}
+
+struct IdentityHash {
+  std::size_t operator()(const EntryIdentity& identity) const {
+    const std::uint64_t codes =
+        std::uint64_t{identity.eventClass} << 48U | std::uint64_t{identity.eventCode} << 32U;
+    return std::hash<std::uint64_t>()(codes ^ identity.number ^
+                                      identity.initialTime.Packed() * 0x9E3779B97F4A7C15U);
+  }
+};
+
+// The row of each wanted entry, kNoRow until it is met. Of several alike the first one counts.
+using RowsByIdentity = std::unordered_map<EntryIdentity, std::size_t, IdentityHash>;
+
+std::optional<EntryIdentity> IdentityAt(const ListModel& model, std::size_t row) {
+  if (row >= model.rowCount()) return std::nullopt;
+  return IdentityOf(model.EntryAt(row));
+}
+
+void FindRows(const ListModel& model, RowsByIdentity& rows) {
+  if (rows.empty()) return;
+  for (std::size_t row = 0; row < model.rowCount(); ++row) {
+    const auto found = rows.find(IdentityOf(model.EntryAt(row)));
+    if (found != rows.end() && found->second == kNoRow) found->second = row;
+  }
+}
+
+std::size_t RowOf(const RowsByIdentity& rows, const std::optional<EntryIdentity>& identity) {
+  return identity ? rows.at(*identity) : kNoRow;
+}
+
+}  // namespace
+
+ListPosition PositionOf(const ListControl& control, const ListModel& model) {
+  ListPosition position;
+  for (std::size_t row = control.NextSelectedRow(0); row < model.rowCount();
+       row = control.NextSelectedRow(row + 1)) {
+    position.selected.push_back(IdentityOf(model.EntryAt(row)));
+  }
+  position.focused = IdentityAt(model, control.FocusedRow());
+  position.topRow = control.TopRow();
+  position.top = IdentityAt(model, position.topRow);
+  return position;
+}
+
+void RestorePosition(const ListPosition& position, ListControl& control, const ListModel& model) {
+  if (model.rowCount() == 0) return;
+  RowsByIdentity rows;
+  for (const EntryIdentity& identity : position.selected) rows.emplace(identity, kNoRow);
+  if (position.focused) rows.emplace(*position.focused, kNoRow);
+  if (position.top) rows.emplace(*position.top, kNoRow);
+  FindRows(model, rows);
+
+  std::vector<std::size_t> selected;
+  for (const EntryIdentity& identity : position.selected) {
+    const std::size_t row = rows.at(identity);
+    if (row != kNoRow) selected.push_back(row);
+  }
+  std::sort(selected.begin(), selected.end());
+  selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
+  std::size_t focused = RowOf(rows, position.focused);
+  if (focused == kNoRow && !selected.empty()) focused = selected.front();
+  if (!selected.empty() || position.selected.empty()) control.SetSelection(selected, focused);
+
+  const std::size_t top = RowOf(rows, position.top);
+  control.ScrollToTop(top != kNoRow ? top : std::min(position.topRow, model.rowCount() - 1));
+}
+
+void ClickHeader(Column column, ListControl& control, ListModel& model) {
+  // By position in the log here: nothing was read anew, and alike entries stay apart.
+  constexpr std::size_t kNobody = kNoRow;
+  std::vector<std::uint8_t> isSelected;
+  for (std::size_t row = control.NextSelectedRow(0); row < model.rowCount();
+       row = control.NextSelectedRow(row + 1)) {
+    const EntryIndex index = model.EntryIndexAt(row);
+    if (index >= isSelected.size()) isSelected.resize(index + std::size_t{1});
+    isSelected[index] = 1;
+  }
+  const std::size_t focusedRow = control.FocusedRow();
+  const std::size_t focusedIndex =
+      focusedRow < model.rowCount() ? model.EntryIndexAt(focusedRow) : kNobody;
+  const std::size_t topRow = control.TopRow();
+
+  model.ClickHeader(column);
+  control.RowsReordered();
+  std::vector<std::size_t> selected;
+  std::size_t focused = kNoRow;
+  for (std::size_t row = 0; row < model.rowCount(); ++row) {
+    const EntryIndex index = model.EntryIndexAt(row);
+    if (index < isSelected.size() && isSelected[index] != 0) selected.push_back(row);
+    if (index == focusedIndex) focused = row;
+  }
+  control.SetSelection(selected, focused);
+  if (model.rowCount() > 0) control.ScrollToTop(topRow);
+  control.ShowSortArrow(model.sort().column, model.sort().ascending);
+}
+
+}  // namespace qvl

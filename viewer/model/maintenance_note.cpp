@@ -1,0 +1,28 @@
+#include "viewer/model/maintenance_note.h"
+
+#include <algorithm>
+
+namespace qvl {
+
+std::string MaintenanceNoteLine(std::string_view typed) {
+  std::string line;
+  for (const char c : typed) {
+    if (c == '\r') {
+      if (line.empty() || line.back() != ' ') line += ' ';
+    } else if (c != '\n') {
+      line += c;
+    }
+  }
+  line.erase(0, std::min(line.find_first_not_of(' '), line.size()));
+  line.resize(line.find_last_not_of(' ') + 1);  // nothing found is the largest number: 0
+  return line;
+}
+
+bool AcceptMaintenanceNote(MessageWindow& messages, std::string_view typed) {
+  const std::string line = MaintenanceNoteLine(typed);
+  if (!line.empty() && line.size() <= kMaintenanceNoteLimit) return true;
+  ShowResourceMessage(messages, StringId::kNotePrompt);
+  return false;
+}
+
+}  // namespace qvl
