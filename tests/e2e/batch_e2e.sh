@@ -11,6 +11,8 @@ if [ $# -ne 2 ]; then
   echo "usage: batch_e2e.sh linux|windows FOLDER_OF_PROGRAMS" >&2
   exit 2
 fi
+# shellcheck source=tests/e2e/checks.sh
+. "$(dirname -- "$0")/checks.sh"
 system=$1
 programs=$(cd "$2" && pwd) || exit 2
 root=$(cd "$(dirname "$0")/../.." && pwd)
@@ -36,20 +38,6 @@ export LC_ALL TZ LANG
 folder=$(mktemp -d "${TMPDIR:-/tmp}/qvl_batch.XXXXXX") || exit 1
 mkdir "$folder/work"
 cd "$folder/work" || exit 1
-passed=0
-failed=0
-
-check() {
-  label=$1
-  shift
-  if "$@"; then
-    passed=$((passed + 1))
-  else
-    failed=$((failed + 1))
-    echo "FAILED: $label"
-  fi
-}
-
 # shellcheck source=tests/e2e/batch_service.sh
 . "$root/tests/e2e/batch_service.sh"
 trap 'cd / && end_service; empty_disk; rm -rf "$folder"' EXIT
@@ -445,5 +433,4 @@ EOF
   chmod 600 "$QVL_CREDENTIALS"
 fi
 
-echo "$passed passed, $failed failed"
-[ "$failed" -eq 0 ]
+all_passed

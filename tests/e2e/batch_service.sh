@@ -1,6 +1,6 @@
 # shellcheck shell=sh
 # The service, the programs and the computer that batch_e2e.sh works with, on each system.
-# shellcheck disable=SC2154  # system, programs, root and folder are the sourcing script's
+# shellcheck disable=SC2034,SC2154  # it and the sourcing script use each other's variables
 
 give_up() {
   echo "FAILED: the service does not start"
@@ -107,14 +107,16 @@ full_disk() {
 
 empty_disk() { [ ! -e "$folder/full" ] || umount "$folder/full"; }
 
+printed_document() { find "$QVL_PRINT_FOLDER" -name '*.pdf' | head -n 1; }
+
 # printed_pages_hold TEXT...: waits for the document and reads its pages.
 printed_pages_hold() {
   tries=0
-  until [ -s "$QVL_PRINT_FOLDER"/*.pdf ] 2>/dev/null || [ "$tries" -gt 600 ]; do
+  until [ -n "$(printed_document)" ] || [ "$tries" -gt 600 ]; do
     tries=$((tries + 1))
     sleep 0.1
   done
-  pdftotext -layout "$QVL_PRINT_FOLDER"/*.pdf "$folder/pages.txt" || return 1
+  pdftotext -layout "$(printed_document)" "$folder/pages.txt" || return 1
   for text in "$@"; do
     grep -qF -- "$text" "$folder/pages.txt" || return 1
   done

@@ -10,6 +10,8 @@ if [ $# -eq 0 ] || [ -z "${QVL_PRINT_FOLDER:-}" ]; then
   echo "usage: with_spooler printing_e2e.sh COMMAND..." >&2
   exit 2
 fi
+# shellcheck source=tests/e2e/checks.sh
+. "$(dirname -- "$0")/checks.sh"
 for program in pdftotext pdftoppm pdfinfo lpadmin cupsreject; do
   command -v "$program" >/dev/null || PATH=$PATH:/usr/sbin
   command -v "$program" >/dev/null || {
@@ -28,20 +30,6 @@ export LC_ALL TZ
 folder=$(mktemp -d "${TMPDIR:-/tmp}/qvl_printing.XXXXXX") || exit 1
 trap 'rm -rf "$folder"' EXIT
 trap 'exit 1' HUP INT TERM
-passed=0
-failed=0
-
-check() {
-  label=$1
-  shift
-  if "$@"; then
-    passed=$((passed + 1))
-  else
-    failed=$((failed + 1))
-    echo "FAILED: $label"
-  fi
-}
-
 # prints NAME STATUS COMMAND...: what the command tells is left in a file.
 prints() {
   name=$1
@@ -165,5 +153,4 @@ prints "no default printer" 2 "$@" 1
 prints "no spooler" 2 env CUPS_SERVER="$folder/none" "$@" 1
 check "nothing more was printed" [ ! -e "$QVL_PRINT_FOLDER/$((job + 1)).pdf" ]
 
-echo "$passed passed, $failed failed"
-[ "$failed" -eq 0 ]
+all_passed

@@ -11,6 +11,8 @@ if [ $# -eq 0 ]; then
   echo "usage: qvlog_e2e.sh COMMAND..." >&2
   exit 2
 fi
+# shellcheck source=tests/e2e/checks.sh
+. "$(dirname -- "$0")/checks.sh"
 
 # The program runs in a folder of its own, so its path must not depend on this one.
 count=$#
@@ -38,21 +40,6 @@ trap 'cd / && rm -rf "$folder"' EXIT
 trap 'exit 1' HUP INT TERM
 cd "$folder" || exit 1
 mkdir messages data
-passed=0
-failed=0
-
-# check NAME CONDITION...: counts a condition, a command that succeeds.
-check() {
-  label=$1
-  shift
-  if "$@"; then
-    passed=$((passed + 1))
-  else
-    failed=$((failed + 1))
-    echo "FAILED: $label"
-  fi
-}
-
 hash_is() { [ "$(sha256sum "$1" | cut -d ' ' -f 1)" = "$2" ]; }
 is_empty() { [ ! -s "$1" ]; }
 has_text() { grep -qF -- "$2" "$1"; }
@@ -280,5 +267,4 @@ if [ "$windows" = no ] && sh -c 'ulimit -v 200000; "$@"; exit' sh "$@" --version
   rm -f large.qvx
 fi
 
-echo "$passed passed, $failed failed"
-[ "$failed" -eq 0 ]
+all_passed

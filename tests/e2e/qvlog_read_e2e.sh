@@ -11,6 +11,8 @@ if [ $# -ne 1 ]; then
     echo "usage: qvlog_read_e2e.sh QVLOG" >&2
     exit 2
 fi
+# shellcheck source=tests/e2e/checks.sh
+. "$(dirname -- "$0")/checks.sh"
 qvlog=$(realpath -- "$1") || exit 2
 programs=$(dirname -- "$qvlog")
 root=$(CDPATH='' cd -- "$(dirname -- "$0")/../.." && pwd)
@@ -36,22 +38,7 @@ trap cleanup EXIT
 trap 'exit 1' HUP INT TERM
 trap '' PIPE
 cd "$folder" || exit 1
-passed=0
-failed=0
-
-# check NAME CONDITION...: counts a condition, a command that succeeds.
-check() {
-    label=$1
-    shift
-    if "$@"; then
-        passed=$((passed + 1))
-    else
-        failed=$((failed + 1))
-        echo "FAILED: $label"
-        [ ! -s err ] || sed 's/^/    /' err
-    fi
-}
-
+complaints=err
 has_text() { grep -qF -- "$2" "$1"; }
 lacks_text() { ! grep -qF -- "$2" "$1"; }
 is_empty() { [ ! -s "$1" ]; }
@@ -233,5 +220,4 @@ check "a terminal without Ctrl+C: the log" cmp -s whole.qvx "$demo"
 check "a terminal without Ctrl+C: the progress line is gone" \
     [ -z "$(sed -n '/^Script/d;p' screen | tr '\r' '\n' | tail -n 1 | tr -d ' \n')" ]
 
-echo "$passed passed, $failed failed"
-[ "$failed" -eq 0 ]
+all_passed
