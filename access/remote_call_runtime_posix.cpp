@@ -1,7 +1,4 @@
-#include <charconv>
 #include <chrono>
-#include <cstdlib>
-#include <cstring>
 #include <new>
 #include <string_view>
 
@@ -9,6 +6,7 @@
 #include "access/remote_call_codec.h"
 #include "access/remote_call_frames.h"
 #include "access/remote_call_runtime.h"
+#include "platform/time_limit.h"
 
 namespace qvl {
 
@@ -35,18 +33,6 @@ constexpr std::uint32_t kNtlmService = 10;  // RPC_C_AUTHN_WINNT
 // Long enough for a machine at the end of a slow line, short enough for a user who waits.
 constexpr milliseconds kConnectLimit{20'000};
 constexpr milliseconds kCallLimit{60'000};
-constexpr milliseconds kLongestLimit{3'600'000};
-
-milliseconds Limit(const char* variable, milliseconds standard) {
-  const char* text = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): one thread
-  if (text == nullptr) return standard;
-  int value = 0;
-  const char* end = text + std::strlen(text);
-  const auto parsed = std::from_chars(text, end, value);
-  const bool valid = parsed.ec == std::errc() && parsed.ptr == end && value > 0 &&
-                     milliseconds(value) <= kLongestLimit;
-  return valid ? milliseconds(value) : standard;
-}
 
 class HelperRuntime : public RemoteCallRuntime {
  public:
@@ -148,7 +134,7 @@ class HelperRuntime : public RemoteCallRuntime {
                {.kind = FrameKind::kCall,
                 .code = static_cast<std::uint32_t>(procedure),
                 .payload = request.View()},
-               Limit("QVL_CALL_TIMEOUT_MS", kCallLimit), kCallFailed);
+               TimeLimit("QVL_CALL_TIMEOUT_MS", kCallLimit), kCallFailed);
   }
 
   // Each connection is a helper of its own: whatever the last one ended with is gone with it.
@@ -161,7 +147,7 @@ class HelperRuntime : public RemoteCallRuntime {
                  {
                      .kind = FrameKind::kConnect, .payload = {name, binding.machine.size()}
     },
-                 Limit("QVL_CONNECT_TIMEOUT_MS", kConnectLimit), kServerUnavailable);
+                 TimeLimit("QVL_CONNECT_TIMEOUT_MS", kConnectLimit), kServerUnavailable);
     if (status != kRemoteOk) binding.helper.Stop(HelperProcess::Ending::kAtOnce);
     return status;
   }

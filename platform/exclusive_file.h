@@ -18,8 +18,9 @@ class ExclusiveFile : public ByteSource, public ByteSink {
   enum class Mode : std::uint8_t {
     kRead,       ///< an existing file
     kOverwrite,  ///< written over from its beginning without being truncated; created if missing
-    kReplace,    ///< truncated; created if missing
-    kAppend,     ///< written at its end; created if missing
+    kOverwriteShared,  ///< the same, but others may read meanwhile
+    kReplace,          ///< truncated; created if missing
+    kAppend,           ///< written at its end; created if missing
   };
 
   ExclusiveFile();

@@ -30,13 +30,15 @@ int OpenFlags(ExclusiveFile::Mode mode) {
     case ExclusiveFile::Mode::kRead:
       return O_RDONLY;
     case ExclusiveFile::Mode::kAppend:
-      return O_WRONLY | O_CREAT | O_APPEND;
+      return O_WRONLY | O_CREAT | O_APPEND | O_NONBLOCK;
     case ExclusiveFile::Mode::kOverwrite:
+    case ExclusiveFile::Mode::kOverwriteShared:
     case ExclusiveFile::Mode::kReplace:
       break;
   }
   // A file to be replaced is truncated only once it is locked: another program's file stays whole.
-  return O_WRONLY | O_CREAT;
+  // A pipe without a reader is a failure, and nothing to wait for.
+  return O_WRONLY | O_CREAT | O_NONBLOCK;
 }
 
 // Some file systems and devices have no locks; there the open alone must do.
@@ -49,6 +51,10 @@ Status Claim(int descriptor, const std::string& path, ExclusiveFile::Mode mode) 
   struct stat properties = {};
   if (::fstat(descriptor, &properties) != 0) return Failure("cannot query", path, errno);
   if (S_ISDIR(properties.st_mode)) return Failure("cannot open", path, EISDIR);
+  const int flags = ::fcntl(descriptor, F_GETFL);
+  if (flags < 0 || ::fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK) != 0) {
+    return Failure("cannot open", path, errno);
+  }
   const int lock = mode == ExclusiveFile::Mode::kRead ? LOCK_SH : LOCK_EX;
   if (::flock(descriptor, lock | LOCK_NB) != 0 && !LockUnsupported(errno)) {
     if (errno != EWOULDBLOCK) return Failure("cannot lock", path, errno);

@@ -29,6 +29,7 @@ DWORD Disposition(ExclusiveFile::Mode mode) {
     case ExclusiveFile::Mode::kReplace:
       return CREATE_ALWAYS;
     case ExclusiveFile::Mode::kOverwrite:
+    case ExclusiveFile::Mode::kOverwriteShared:
     case ExclusiveFile::Mode::kAppend:
       break;
   }
@@ -37,8 +38,9 @@ DWORD Disposition(ExclusiveFile::Mode mode) {
 
 // A file that grows may be read meanwhile: a run log is looked at while the run goes on.
 DWORD Sharing(ExclusiveFile::Mode mode) {
-  const bool read = mode == ExclusiveFile::Mode::kRead || mode == ExclusiveFile::Mode::kAppend;
-  return read ? FILE_SHARE_READ : 0;
+  const bool alone =
+      mode == ExclusiveFile::Mode::kOverwrite || mode == ExclusiveFile::Mode::kReplace;
+  return alone ? 0 : FILE_SHARE_READ;
 }
 
 }  // namespace
@@ -61,7 +63,9 @@ Status ExclusiveFile::Open(const std::string& path, Mode mode) {
   if (mode == Mode::kAppend) {
     const LARGE_INTEGER zero = {};
     if (::SetFilePointerEx(handle_->file, zero, nullptr, FILE_END) == 0) {
-      return Failure("cannot open", path, ::GetLastError());
+      Status failure = Failure("cannot open", path, ::GetLastError());
+      Close();
+      return failure;
     }
   }
   return Status::Ok();

@@ -3,25 +3,20 @@
 #include <cups/cups.h>
 
 #include <array>
-#include <charconv>
-#include <cstdlib>
+#include <chrono>
 #include <cstring>
 #include <utility>
+
+#include "platform/time_limit.h"
 
 namespace qvl {
 namespace {
 
-constexpr int kDefaultTimeoutMs = 30000;
+constexpr std::chrono::milliseconds kSpoolerLimit{30'000};
 constexpr double kMillisecondsPerSecond = 1000.0;
 
 int TimeoutMs() {
-  const char* const text = std::getenv("QVL_PRINT_TIMEOUT_MS");  // NOLINT(concurrency-mt-unsafe)
-  int value = 0;
-  if (text == nullptr || std::from_chars(text, text + std::strlen(text), value).ec != std::errc() ||
-      value <= 0) {
-    return kDefaultTimeoutMs;
-  }
-  return value;
+  return static_cast<int>(TimeLimit("QVL_PRINT_TIMEOUT_MS", kSpoolerLimit).count());
 }
 
 // Nobody is there to be asked; the library would ask on the terminal.
