@@ -10,11 +10,14 @@ constexpr std::size_t kUserNameCapacity = 32;
 }  // namespace
 
 BatchEnvironment ProcessBatchEnvironment(int argc, const char* const* argv) {
-  std::string userName;
-  LoggedOnUserName(kUserNameCapacity, userName);
   return {.client = ProcessRemoteMonitorClient(),
           .computerName = ComputerName(),
-          .userName = userName,
+          .userName =
+              [] {
+                std::string name;
+                LoggedOnUserName(kUserNameCapacity, name);
+                return name;
+              },
           .commandLine = ProcessCommandLine(argc, argv),
           .lineEnd = kSystemLineEnd,
           .now = Now,

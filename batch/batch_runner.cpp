@@ -174,17 +174,20 @@ class BatchRun {
     log_.WriteMessage(text, {path});
   }
 
-  // A printer that does not take the document is no better than none.
   void Print() {
-    bool printed = false;
+    StringId text = StringId::kBatchPrintFailed;
     try {
       const std::unique_ptr<Printer> printer = environment_.openDefaultPrinter();
-      printed = printer != nullptr && PrintReport(*printer, machine_, entries_, environment_.now());
+      if (printer == nullptr) {
+        text = StringId::kBatchNoPrinter;
+      } else if (PrintReport(*printer, machine_, entries_, environment_.now())) {
+        text = StringId::kBatchPrinted;
+      }
     } catch (const std::exception&) {
-      printed = false;
+      text = StringId::kBatchPrintFailed;
     }
-    Count(printed);
-    log_.WriteMessage(printed ? StringId::kBatchPrinted : StringId::kBatchNoPrinter);
+    Count(text == StringId::kBatchPrinted);
+    log_.WriteMessage(text);
   }
 
   void Count(bool succeeded) {
@@ -193,17 +196,17 @@ class BatchRun {
     Note(succeeded);
   }
 
-  // Who asked for a copy first wants the log cleared only when there is one of the whole log.
-  bool MayClear() const { return outputAttempts_ == 0 || (outputSucceeded_ && !restUnseen_); }
-
   void Clear() {
-    if (!MayClear()) {
-      log_.WriteMessage(StringId::kBatchClearRefused);
+    const bool copied = outputAttempts_ == 0 || outputSucceeded_;
+    // Who asked for a copy first means one of the whole log.
+    const bool whole = outputAttempts_ == 0 || !restUnseen_;
+    if (!copied || !whole) {
+      log_.WriteMessage(copied ? StringId::kBatchClearOfUnread : StringId::kBatchClearRefused);
       Note(false);
       return;
     }
-    const std::string_view user =
-        environment_.userName.empty() ? kUnknownUser : std::string_view(environment_.userName);
+    std::string user = environment_.userName();
+    if (user.empty()) user = kUnknownUser;
     std::uint8_t cleared = 0;
     if (!Succeeds(environment_.client.ClearLog(kClearFlag, ToRemoteText(user), cleared))) return;
     log_.WriteMessage(cleared != 0 ? StringId::kBatchCleared : StringId::kBatchClearFailed);

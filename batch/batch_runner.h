@@ -23,9 +23,9 @@ inline constexpr int kBatchExitNoRunLog = 3;      ///< without a run log nothing
 struct BatchEnvironment {
   RemoteMonitorClient& client;
   std::string computerName;
-  std::string userName;     ///< empty when the system does not tell
-  std::string commandLine;  ///< the whole command line, for the run log
-  std::string lineEnd;      ///< of the run log and the report
+  std::function<std::string()> userName;  ///< empty when the system does not tell
+  std::string commandLine;                ///< the whole command line, for the run log
+  std::string lineEnd;                    ///< of the run log and the report
   std::function<Moment()> now;
   std::function<std::unique_ptr<Printer>()> openDefaultPrinter;
 };

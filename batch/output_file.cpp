@@ -48,7 +48,7 @@ OutputResult WriteLogOutput(const std::string& path, const EntryList& entries) {
 OutputResult WriteExportOutput(const std::string& path, std::string_view machine,
                                const EntryList& entries) {
   return WriteOutput(
-      path, ExclusiveFile::Mode::kOverwrite, entries,
+      path, ExclusiveFile::Mode::kOverwriteShared, entries,
       [&](BufferedWriter& out) { AppendCsvHead(machine, out); }, AppendCsvLine);
 }
 

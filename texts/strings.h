@@ -133,6 +133,8 @@ enum class StringId : std::uint16_t {
   kBatchPrinted = 62073,
   kBatchReportWriteFailed = 62074,
   kBatchNumberFellBack = 62075,
+  kBatchClearOfUnread = 62076,
+  kBatchPrintFailed = 62077,
 
   kFilterPrompt = 62080,
   kFilterClass = 62081,

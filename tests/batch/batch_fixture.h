@@ -106,7 +106,7 @@ class BatchTest : public ::testing::Test {
   BatchEnvironment Environment() {
     return {.client = client_,
             .computerName = computerName_,
-            .userName = userName_,
+            .userName = [this] { return userName_; },
             .commandLine = "zlkqvxv /the command line",
             .lineEnd = lineEnd_,
             .now = [this] { return now_; },

@@ -111,10 +111,11 @@ TEST_F(BatchOutputsTest, PrintsOneDocumentCalledReport) {
 }
 
 TEST_F(BatchOutputsTest, APrinterThatIsMissingOrRefusesIsAFailedAttempt) {
-  const std::string expected =
-      std::string("   No default printer could be found.\n") + kClearRefused + kEnd;
   hasPrinter_ = false;
-  EXPECT_EQ(Lines({"/p", "/clear"}, kBatchExitSwitchFailed), expected);
+  EXPECT_EQ(Lines({"/p", "/clear"}, kBatchExitSwitchFailed),
+            std::string("   No default printer could be found.\n") + kClearRefused + kEnd);
+  const std::string expected =
+      std::string("   Couldn't print on the default printer.\n") + kClearRefused + kEnd;
   hasPrinter_ = true;
   print_.refusesStart = true;
   EXPECT_EQ(Lines({"/p", "/clear"}, kBatchExitSwitchFailed), expected);

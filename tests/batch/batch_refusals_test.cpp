@@ -156,7 +156,7 @@ TEST_F(BatchRefusalsTest, ANumberThatFallsBackEndsTheReadingAndForbidsTheClear) 
             "   Reading ended early: the machine delivered entry 1 where entry 3 or a later one "
             "was due.\n"
             "   Successfully saved QVX data to file a.qvx\n"
-            "   Unable to clear the log - attempt(s) to save the log first have failed\n"
+            "   Unable to clear the log - it could not be read to its end\n"
             "   Successfully logged maintenance note to the Quarvel Log.\n"
             "   Finished!\n"
             "  \n");
@@ -178,8 +178,7 @@ TEST_F(BatchRefusalsTest, WithoutMemoryKeepsWhatCameAndTheLogOnTheMachine) {
   };
   const std::string lines = Lines({"/save:a", "/clear"}, kBatchExitSwitchFailed);
   EXPECT_NE(lines.find("   Successfully saved QVX data to file a.qvx\n"
-                       "   Unable to clear the log - attempt(s) to save the log first have "
-                       "failed\n"
+                       "   Unable to clear the log - it could not be read to its end\n"
                        "   Finished!\n  \n"),
             std::string::npos)
       << lines;
