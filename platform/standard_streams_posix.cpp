@@ -1,3 +1,5 @@
+#include <fcntl.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -40,6 +42,16 @@ Status StandardOutput::Write(std::string_view bytes) {
 
 bool StandardOutput::IsTerminal() const {
   return ::isatty(stream_ == Stream::kOutput ? STDOUT_FILENO : STDERR_FILENO) != 0;
+}
+
+void PrepareStandardStreams() {
+  // An open gives the lowest number that is free.
+  int descriptor = 0;
+  while (descriptor >= 0 && descriptor <= STDERR_FILENO) {
+    descriptor = ::open("/dev/null", O_RDWR);
+  }
+  if (descriptor >= 0) ::close(descriptor);
+  ::signal(SIGXFSZ, SIG_IGN);
 }
 
 std::vector<std::string> ProgramArguments(int argc, char** argv) {

@@ -55,6 +55,9 @@ bool StandardOutput::IsTerminal() const {
   return ::GetConsoleMode(HandleOf(stream_), &mode) != 0;
 }
 
+// Handles are not given anew in the place of standard streams.
+void PrepareStandardStreams() {}
+
 std::vector<std::string> ProgramArguments(int /*argc*/, char** /*argv*/) {
   int count = 0;
   LPWSTR* const arguments = ::CommandLineToArgvW(::GetCommandLineW(), &count);

@@ -3,6 +3,7 @@
 #include "tools/qvlog/qvlog.h"
 
 int main(int argc, char** argv) {
+  qvl::PrepareStandardStreams();
   qvl::StandardInput input;
   qvl::StandardOutput output(qvl::StandardOutput::Stream::kOutput);
   qvl::StandardOutput error(qvl::StandardOutput::Stream::kError);

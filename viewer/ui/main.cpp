@@ -5,6 +5,7 @@
 #include "viewer/ui/start_message.h"
 
 int main(int argc, char** argv) {
+  qvl::PrepareStandardStreams();
   if (qvl::UserReadsJapanese()) qvl::SetCurrentLanguage(qvl::Language::kJapanese);
   // Before any toolkit starts: batch mode needs no display.
   const std::vector<std::string> arguments = qvl::ProgramArguments(argc, argv);
