@@ -32,9 +32,9 @@ class StandardOutput : public ByteSink {
   Stream stream_;
 };
 
-/// What a program does before anything else: a standard stream that its caller closed would otherwise
-/// be the next file that is opened, and messages would land in it. And a file that reaches the
-/// caller's limit shall be a failed write, not the program's end.
+/// What a program does before anything else: a standard stream that its caller closed would
+/// otherwise be the next file that is opened, and messages would land in it. And a file that
+/// reaches the caller's limit shall be a failed write, not the program's end.
 void PrepareStandardStreams();
 
 /// The program's arguments without its own name: the process's bytes on POSIX systems, UTF-8 on

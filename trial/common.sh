@@ -87,6 +87,17 @@ end_everything() {
     for name in service smbd winbindd; do end_process "$name"; done
 }
 
+# A folder is removed whole, so only one that a trial made is taken for a trial's.
+marker=zlkrcmc-trial
+is_trials_folder() {
+    [ -f "$state/$marker" ]
+}
+
+# What a log file begins with.
+is_log() {
+    [ -f "$1" ] && [ "$(head -c 19 -- "$1" | tr -d '\0')" = "Zelkor QVX Log v1.0" ]
+}
+
 # The folder is this user's alone: passwords stand in it.
 check_state_folder() {
     case $state in
@@ -101,8 +112,10 @@ check_state_folder() {
     [ "${#state}" -le 60 ] || fail "the name of the trial's folder is longer than 60 bytes: '$state'"
     [ ! -e "$state" ] && [ ! -L "$state" ] && return 0
     if [ -L "$state" ] || [ ! -d "$state" ] || [ "$(stat -c '%u %a' "$state")" != "$(id -u) 700" ]; then
-        fail "'$state' is not a folder for you alone; remove it, or set QVL_TRIAL_DIR"
+        fail "'$state' is not a folder for you alone; set QVL_TRIAL_DIR to another one"
     fi
+    is_trials_folder || [ -z "$(ls -A "$state")" ] ||
+        fail "'$state' holds other files; set QVL_TRIAL_DIR to a folder that is not there yet"
 }
 
 # Sets `program`. Called with the folder that was asked for, which may be empty.

@@ -76,6 +76,8 @@ entries qvx | cmp -s - log.qvx || fail "the new log is not served"
 if entries >/dev/null 2>&1; then fail "a dead service answered"; fi
 "$root/trial/restart"
 entries qvx | cmp -s - log.qvx || fail "the service does not come back"
+refused "not a Quarvel Log" "$root/trial/restart" --log "$root/trial/start"
+entries qvx | cmp -s - log.qvx || fail "a refused restart ended the service"
 
 processes=$(cat "$QVL_TRIAL_DIR"/run/* | awk '{ print $1 }')
 "$root/trial/stop"
@@ -91,6 +93,29 @@ steps=100
 until grep -q '^event [0-9]' calls2 || [ "$steps" -eq 0 ]; do steps=$((steps - 1)) && sleep 0.1; done
 "$root/trial/stop"
 cmp -s log.qvx "$root/samples/demo.qvx" && fail "the log in place did not change"
+
+# What is not a trial's stays.
+mkdir -m 700 "$QVL_TRIAL_DIR"
+mkdir "$QVL_TRIAL_DIR/run"
+echo x >"$QVL_TRIAL_DIR/thesis"
+refused "holds other files" "$root/trial/start" --programs "$programs"
+refused "holds other files" "$root/trial/stop"
+[ "$(cat "$QVL_TRIAL_DIR/thesis")" = x ] || fail "a folder of somebody else's was touched"
+rm -r "$QVL_TRIAL_DIR"
+
+# A logon service that ends at once is not waited for until the patience is over.
+mkdir "$work/broken"
+for program in winbindd wbinfo smbpasswd; do
+    printf '#!/bin/sh\necho %s >>%s/asked\n[ %s = smbpasswd ]\n' \
+        "$program" "$work" "$program" >"$work/broken/$program"
+done
+chmod +x "$work"/broken/*
+short=$(mktemp -d /tmp/winbind.XXXXXX)
+refused "winbindd does not answer" \
+    env PATH="$work/broken:$PATH" "$root/trial/winbind" start "$short/logon" "$(id -un)"
+[ ! -e "$short/logon" ] || fail "a logon service that failed leaves its folder"
+rmdir "$short"
+[ "$(grep -c wbinfo "$work/asked")" -lt 50 ] || fail "a logon service that has ended was waited for"
 
 if [ "$(id -u)" -eq 0 ] && [ -z "${AS_ORDINARY_USER:-}" ]; then
     # Where the programs stand may be closed to other users.

@@ -1,0 +1,136 @@
+// The program of the substitute service, without the smbd that stands before it.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "files/log_file.h"
+
+namespace qvl {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+constexpr rlim_t kDescriptors = 12;  // what it needs itself, and a few connections
+constexpr int kMoreThanFit = 20;
+constexpr milliseconds kPatience{30'000};
+
+class TrialServerTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string folder = "/tmp/qvl-server-XXXXXX";  // the path of a socket is short
+    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+    folder_ = folder;
+    ASSERT_TRUE(SaveLogFile(folder + "/log.qvx", EntryList()).ok());
+    Start();
+  }
+  void TearDown() override {
+    for (const int each : connections_) ::close(each);
+    if (process_ > 0) {
+      ::kill(process_, SIGKILL);
+      ::waitpid(process_, nullptr, 0);
+    }
+    std::filesystem::remove_all(folder_);
+  }
+
+  // The limit is set here and taken back, so that the program is born with it.
+  void Start() {
+    std::vector<std::string> words = {"zlkrcmc-trial", "--socket",         folder_ + "/socket",
+                                      "--ready",       folder_ + "/ready", folder_ + "/log.qvx"};
+    std::vector<char*> arguments;
+    for (std::string& word : words) arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit few = {.rlim_cur = kDescriptors, .rlim_max = before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
+    const int error =
+        ::posix_spawn(&process_, QVL_TRIAL_PROGRAM, nullptr, nullptr, arguments.data(), environ);
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
+    ASSERT_EQ(error, 0);
+    ASSERT_TRUE(WaitFor([this] { return std::filesystem::exists(folder_ + "/ready"); }));
+  }
+
+  template <typename Condition>
+  static bool WaitFor(Condition condition) {
+    const auto end = steady_clock::now() + kPatience;
+    while (!condition()) {
+      if (steady_clock::now() > end) return false;
+      ::poll(nullptr, 0, 5);
+    }
+    return true;
+  }
+
+  int Connect() {
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, (folder_ + "/socket").c_str(), sizeof address.sun_path - 1);
+    const int connection = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    EXPECT_EQ(::connect(connection, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    return connection;
+  }
+
+  std::size_t ServersDescriptors() const {
+    const std::filesystem::directory_iterator all("/proc/" + std::to_string(process_) + "/fd");
+    return static_cast<std::size_t>(std::distance(begin(all), end(all)));
+  }
+
+  milliseconds ServersTime() const {
+    clockid_t clock = 0;
+    timespec used{};
+    EXPECT_EQ(::clock_getcpuclockid(process_, &clock), 0);
+    EXPECT_EQ(::clock_gettime(clock, &used), 0);
+    return milliseconds(used.tv_sec * 1000 + used.tv_nsec / 1'000'000);
+  }
+
+  std::string folder_;
+  pid_t process_ = -1;
+  std::vector<int> connections_;
+};
+
+TEST_F(TrialServerTest, WaitsForADescriptorWithoutSpinning) {
+  for (int i = 0; i < kMoreThanFit; ++i) connections_.push_back(Connect());
+  ASSERT_TRUE(WaitFor([this] { return ServersDescriptors() >= kDescriptors; }));
+
+  const milliseconds before = ServersTime();
+  ::poll(nullptr, 0, 500);
+  EXPECT_LT(ServersTime() - before, milliseconds(200));
+
+  // Those who waited get their turn when the others have gone: the service hangs up on nonsense.
+  const int last = connections_.back();
+  connections_.pop_back();
+  for (const int each : connections_) ::close(each);
+  connections_ = {last};
+  ASSERT_EQ(::shutdown(last, SHUT_WR), 0);
+  pollfd hungUp = {.fd = last, .events = POLLIN, .revents = 0};
+  EXPECT_EQ(::poll(&hungUp, 1, static_cast<int>(kPatience.count())), 1);
+}
+
+TEST_F(TrialServerTest, IsToldToEndWhileItWaitsForADescriptor) {
+  for (int i = 0; i < kMoreThanFit; ++i) connections_.push_back(Connect());
+  ASSERT_TRUE(WaitFor([this] { return ServersDescriptors() >= kDescriptors; }));
+  ASSERT_EQ(::kill(process_, SIGTERM), 0);
+  int status = -1;
+  EXPECT_TRUE(
+      WaitFor([this, &status] { return ::waitpid(process_, &status, WNOHANG) == process_; }));
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+  process_ = -1;
+}
+
+}  // namespace
+}  // namespace qvl
