@@ -27,13 +27,15 @@ class HelperProcess {
   HelperProcess(const HelperProcess&) = delete;
   HelperProcess& operator=(const HelperProcess&) = delete;
 
-  /// Starts the program, which is not running.
+  /// Starts the program, which is not running. From then on ended children of this process wait to
+  /// be collected, also where SIGCHLD was ignored.
   /// Errors: kHelperMissing when it cannot be executed, kNoMemory when the system is out of
   /// processes or descriptors.
   RemoteStatus Start(const std::string& program);
   bool running() const { return socket_ >= 0; }
 
-  /// Sends a frame and waits for its answer, which lies in `buffer`.
+  /// Sends a frame and waits for its answer, which lies in `buffer`. `limit` counts anew, once,
+  /// when the helper says that it takes the question up only now.
   Outcome Exchange(const Frame& question, std::chrono::milliseconds limit, FrameBytes& buffer,
                    Frame& answer);
 
@@ -47,6 +49,8 @@ class HelperProcess {
   bool Stop(Ending ending);
 
  private:
+  Outcome Receive(std::chrono::milliseconds limit, FrameBytes& buffer, Frame& frame);
+
   int socket_ = -1;
   int process_ = -1;
 };

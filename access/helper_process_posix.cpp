@@ -78,6 +78,19 @@ RemoteStatus StatusOfSpawn(int error) {
   return resources ? kNoMemory : kHelperMissing;
 }
 
+// Where the signal of an ended child is ignored, which is inherited from whoever started this
+// program, the system collects children by itself: their exit status is lost, and their number goes
+// to others before it is used here for the last time.
+void KeepEndedChildren() {
+  struct sigaction action = {};
+  if (::sigaction(SIGCHLD, nullptr, &action) != 0) return;
+  const bool ignored = action.sa_handler == SIG_IGN;
+  if (!ignored && (action.sa_flags & SA_NOCLDWAIT) == 0) return;
+  if (ignored) action.sa_handler = SIG_DFL;
+  action.sa_flags &= ~SA_NOCLDWAIT;
+  ::sigaction(SIGCHLD, &action, nullptr);
+}
+
 // Waits until there is something to read, or the other side is gone. Signals do not prolong it.
 bool WaitReadable(int socket, milliseconds limit) {
   const Clock::time_point end = Clock::now() + limit;
@@ -105,6 +118,7 @@ bool SendMessage(int socket, const FrameBytes& message) {
 RemoteStatus HelperProcess::Start(const std::string& program) {
   int ends[2] = {-1, -1};
   if (::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) != 0) return kNoMemory;
+  KeepEndedChildren();
   SpawnSettings settings;
   pid_t process = -1;
   const int error = settings.Prepare(ends[1]) ? settings.Spawn(program, process) : ENOMEM;
@@ -121,6 +135,13 @@ RemoteStatus HelperProcess::Start(const std::string& program) {
 HelperProcess::Outcome HelperProcess::Exchange(const Frame& question, milliseconds limit,
                                                FrameBytes& buffer, Frame& answer) {
   if (!EncodeFrame(question, buffer) || !SendMessage(socket_, buffer)) return Outcome::kGone;
+  const Outcome outcome = Receive(limit, buffer, answer);
+  const bool startsNow = outcome == Outcome::kAnswered && answer.kind == FrameKind::kStarted;
+  return startsNow ? Receive(limit, buffer, answer) : outcome;
+}
+
+HelperProcess::Outcome HelperProcess::Receive(milliseconds limit, FrameBytes& buffer,
+                                              Frame& frame) {
   if (!WaitReadable(socket_, limit)) return Outcome::kLate;
   ssize_t size = 0;
   do {
@@ -129,7 +150,7 @@ HelperProcess::Outcome HelperProcess::Exchange(const Frame& question, millisecon
   // MSG_TRUNC: the size of the whole message, also when it did not fit.
   if (size <= 0 || static_cast<std::size_t>(size) > buffer.bytes.size()) return Outcome::kGone;
   buffer.size = static_cast<std::size_t>(size);
-  const bool wellFormed = DecodeFrame({buffer.bytes.data(), buffer.size}, answer);
+  const bool wellFormed = DecodeFrame({buffer.bytes.data(), buffer.size}, frame);
   return wellFormed ? Outcome::kAnswered : Outcome::kGone;
 }
 

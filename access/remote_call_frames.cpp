@@ -20,7 +20,7 @@ static_assert(sizeof(Header) == kFrameHeaderSize);
 
 bool Listed(std::uint16_t kind) {
   return kind >= static_cast<std::uint16_t>(FrameKind::kConnect) &&
-         kind <= static_cast<std::uint16_t>(FrameKind::kLost);
+         kind <= static_cast<std::uint16_t>(FrameKind::kStarted);
 }
 
 }  // namespace

@@ -13,7 +13,8 @@ namespace qvl {
 
 /// What the program and its helper (zlkqvxv-rpc) say to each other. Each frame is one message of a
 /// SOCK_SEQPACKET socket: 16 bytes of little-endian numbers (magic, version, kind, code, length),
-/// then the payload. The program asks, the helper answers once; it sends nothing else.
+/// then the payload. The program asks, the helper answers once; it sends nothing else but, where it
+/// was busy with work of its own, one kStarted before the answer.
 enum class FrameKind : std::uint16_t {
   kConnect = 1,    ///< asks; payload: the machine's name
   kCall = 2,       ///< asks; code: the procedure; payload: its parameters
@@ -21,6 +22,7 @@ enum class FrameKind : std::uint16_t {
   kReturned = 4,   ///< answers kCall; payload: what the procedure returned
   kFailed = 5,     ///< answers either; code: a status; the connection stands if it stood
   kLost = 6,       ///< answers kCall; code: a status; the connection is gone
+  kStarted = 7,    ///< the question is taken up only now; the time for it begins anew
 };
 
 /// Room for the longest machine name and the largest call with some to spare.

@@ -64,7 +64,8 @@ Status ExclusiveFile::Open(const std::string& path, Mode mode) {
     const LARGE_INTEGER zero = {};
     if (::SetFilePointerEx(handle_->file, zero, nullptr, FILE_END) == 0) {
       Status failure = Failure("cannot open", path, ::GetLastError());
-      Close();
+      ::CloseHandle(handle_->file);
+      handle_->file = INVALID_HANDLE_VALUE;
       return failure;
     }
   }

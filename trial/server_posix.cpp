@@ -22,6 +22,10 @@ namespace {
 // A client opens one or two at a time.
 constexpr std::size_t kMostConnections = 64;
 
+// Without a descriptor or memory to spare, a caller is left waiting for so long. Looking at once
+// again would find the same caller and the same want, as fast as the processor can.
+constexpr int kPauseMilliseconds = 100;
+
 // Signals become bytes that the one waiting thread reads among everything else.
 std::array<int, 2> signalPipe = {-1, -1};
 
@@ -86,9 +90,11 @@ class Server {
   bool Wait() {
     const int input = options_.endWithInput ? STDIN_FILENO : -1;
     std::array<pollfd, 3> wanted = {
-        {{listener_, POLLIN, 0}, {signalPipe[0], POLLIN, 0}, {input, POLLIN, 0}}
+        {{pausing_ ? -1 : listener_, POLLIN, 0}, {signalPipe[0], POLLIN, 0}, {input, POLLIN, 0}}
     };
-    if (::poll(wanted.data(), wanted.size(), -1) < 0) return errno == EINTR;
+    const int limit = pausing_ ? kPauseMilliseconds : -1;
+    pausing_ = false;
+    if (::poll(wanted.data(), wanted.size(), limit) < 0) return errno == EINTR;
     if (wanted[1].revents != 0 && !TakeSignal()) return false;
     if (wanted[2].revents != 0 && !TakeInput()) return false;
     if (wanted[0].revents != 0) Accept();
@@ -118,7 +124,10 @@ class Server {
       it = connections_.erase(it);
     }
     const int descriptor = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
-    if (descriptor < 0) return;
+    if (descriptor < 0) {
+      pausing_ = errno == EMFILE || errno == ENFILE || errno == ENOBUFS || errno == ENOMEM;
+      return;
+    }
     if (connections_.size() >= kMostConnections) {
       ::close(descriptor);
       return;
@@ -149,6 +158,7 @@ class Server {
   TrialService& service_;
   const TrialOptions& options_;
   int listener_ = -1;
+  bool pausing_ = false;
   std::list<Connection> connections_;
 };
 

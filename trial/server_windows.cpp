@@ -4,7 +4,11 @@
 #include <rpc.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <string>
+#include <system_error>
+#include <thread>
 
 #include "platform/exclusive_file.h"
 #include "platform/interrupt.h"
@@ -77,8 +81,12 @@ Status Listen(RPC_SERVER_INTERFACE& offered) {
                    ::RpcServerRegisterAuthInfoA(nullptr, RPC_C_AUTHN_WINNT, nullptr, nullptr));
   if (!status.ok()) return status;
   // Callers name an object of the interface's own UUID. It stands for no type of its own here, so
-  // it means the manager without a type, which is this one.
-  status = Outcome("RpcServerRegisterIf", ::RpcServerRegisterIf(&offered, nullptr, nullptr));
+  // it means the manager without a type, which is this one. Callers without a logon are refused.
+  // Callers through SMB are not, though a trial is for this computer: a viewer names the computer,
+  // and then it comes through SMB as those from outside do.
+  status = Outcome("RpcServerRegisterIfEx",
+                   ::RpcServerRegisterIfEx(&offered, nullptr, nullptr, RPC_IF_ALLOW_SECURE_ONLY,
+                                           RPC_C_LISTEN_MAX_CALLS_DEFAULT, nullptr));
   if (!status.ok()) return status;
   return Outcome("RpcServerListen", ::RpcServerListen(1, RPC_C_LISTEN_MAX_CALLS_DEFAULT, TRUE));
 }
@@ -101,6 +109,24 @@ void WaitForTheEnd(const std::string& readyPath) {
   }
 }
 
+// A read of standard input cannot be called off, so it has a thread that ends with the process.
+Status EndWithInput() {
+  const auto wait = [] {
+    StandardInput input;
+    std::array<std::uint8_t, 256> ignored;
+    std::size_t got = 0;
+    while (input.ReadSome(ignored, got).ok() && got > 0) {
+    }
+    (void)InterruptWatch::Note();
+  };
+  try {
+    std::thread(wait).detach();
+  } catch (const std::system_error& error) {
+    return Status::Failed("cannot start a thread: " + error.code().message());
+  }
+  return Status::Ok();
+}
+
 int Complain(const Status& status) {
   StandardOutput error(StandardOutput::Stream::kError);
   (void)error.Write("zlkrcmc-trial: " + status.message() + "\n");
@@ -114,9 +140,11 @@ int Serve(TrialService& service, const TrialOptions& options) {
   const InterruptWatch watch;
   RPC_SERVER_INTERFACE offered = InterfaceOf(options);
   Status status = Listen(offered);
+  if (status.ok() && options.endWithInput) status = EndWithInput();
   if (status.ok()) status = MakeReadyFile(options.readyPath);
   if (!status.ok()) return Complain(status);
   WaitForTheEnd(options.readyPath);
+  service.Stop();  // or the calls that are delayed would be waited for
   ::RpcMgmtStopServerListening(nullptr);
   ::RpcServerUnregisterIf(&offered, nullptr, TRUE);
   return 0;

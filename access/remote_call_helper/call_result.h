@@ -1,6 +1,7 @@
 #ifndef QVL_ACCESS_REMOTE_CALL_HELPER_CALL_RESULT_H_
 #define QVL_ACCESS_REMOTE_CALL_HELPER_CALL_RESULT_H_
 
+#include <chrono>
 #include <cstdint>
 #include <vector>
 
@@ -19,6 +20,7 @@ struct CallResult {
   CallEnd end = CallEnd::kLost;
   RemoteStatus status = kRemoteOk;
   std::vector<std::uint8_t> reply = {};
+  std::chrono::steady_clock::duration took{};  ///< how long the machine took
 };
 
 }  // namespace qvl

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <optional>
+#include <span>
 #include <thread>
 #include <utility>
 
@@ -62,27 +63,43 @@ Frame FrameOf(const CallResult& result) {
   return {.kind = FrameKind::kLost, .code = result.status};
 }
 
-// Calls the machine, or hands out what was fetched from it.
-CallResult AnswerCall(SambaConnection& connection, ReadAhead& ahead, const Frame& question) {
+CallResult CallMachine(SambaConnection& connection, std::uint32_t procedure,
+                       std::span<const std::uint8_t> request) {
+  const auto begun = ReadAhead::Clock::now();
+  CallResult result = connection.Call(procedure, request);
+  result.took = ReadAhead::Clock::now() - begun;
+  return result;
+}
+
+// Calls the machine, or hands out what was fetched from it. Returns false when the program is gone.
+bool AnswerCall(int socket, SambaConnection& connection, ReadAhead& ahead, const Frame& question,
+                CallResult& result) {
+  const bool fetchedBefore = ahead.holds();
   std::optional<CallResult> fetched =
       ahead.Take(question.code, question.payload, ReadAhead::Clock::now());
-  if (fetched.has_value()) return std::move(*fetched);
-  return connection.Call(question.code, question.payload);
+  if (fetched.has_value()) {
+    result = std::move(*fetched);
+    return true;
+  }
+  // The program may have waited for a fetch that it has no use for. Its call begins now.
+  FrameBytes message;
+  if (fetchedBefore && !Send(socket, {.kind = FrameKind::kStarted}, message)) return false;
+  result = CallMachine(connection, question.code, question.payload);
+  return true;
 }
 
 void Fetch(SambaConnection& connection, ReadAhead& ahead, std::uint32_t number) {
-  const auto asked = ReadAhead::Clock::now();
   const StubData request = EncodeReadLogEntry(number, 0);
-  ahead.Keep(
-      number,
-      connection.Call(static_cast<std::uint32_t>(RemoteProcedure::kReadLogEntry), request.View()),
-      asked);
+  CallResult result = CallMachine(
+      connection, static_cast<std::uint32_t>(RemoteProcedure::kReadLogEntry), request.View());
+  ahead.Keep(number, std::move(result), ReadAhead::Clock::now());
 }
 
 // Returns false when the program is gone.
 bool ServeCall(int socket, SambaConnection& connection, ReadAhead& ahead, const Frame& question) {
+  CallResult result;
   FrameBytes message;
-  const CallResult result = AnswerCall(connection, ahead, question);
+  if (!AnswerCall(socket, connection, ahead, question, result)) return false;
   if (!Send(socket, FrameOf(result), message)) return false;
   const auto next = ahead.Next(question.code, question.payload, result);
   if (next.has_value()) Fetch(connection, ahead, *next);

@@ -36,7 +36,7 @@ std::optional<CallResult> ReadAhead::Take(std::uint32_t procedure,
                                           std::span<const std::uint8_t> request,
                                           Clock::time_point now) {
   std::optional<Fetched> fetched = std::exchange(fetched_, std::nullopt);
-  const bool fits = fetched.has_value() && now - fetched->asked <= kFresh &&
+  const bool fits = fetched.has_value() && now - fetched->returned <= kFresh &&
                     NumberAskedFor(procedure, request) == fetched->number;
   return fits ? std::optional(std::move(fetched->result)) : std::nullopt;
 }
@@ -48,11 +48,11 @@ std::optional<std::uint32_t> ReadAhead::Next(std::uint32_t procedure,
   const std::optional<std::uint32_t> asked = NumberAskedFor(procedure, request);
   if (!asked.has_value()) return std::nullopt;
   expected_ = NumberAfter(*asked, result);
-  return asked == expected ? expected_ : std::nullopt;
+  return asked == expected && result.took <= kQuick ? expected_ : std::nullopt;
 }
 
-void ReadAhead::Keep(std::uint32_t number, CallResult result, Clock::time_point asked) {
-  fetched_ = Fetched{number, std::move(result), asked};
+void ReadAhead::Keep(std::uint32_t number, CallResult result, Clock::time_point returned) {
+  fetched_ = Fetched{number, std::move(result), returned};
 }
 
 }  // namespace qvl

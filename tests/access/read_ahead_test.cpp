@@ -57,6 +57,28 @@ TEST_F(ReadAheadTest, AnyOtherCallInterruptsTheWalk) {
   EXPECT_EQ(Read(11, Delivered(11)), std::nullopt);
 }
 
+TEST_F(ReadAheadTest, ASlowMachineIsAskedForNothingAhead) {
+  CallResult slow = Delivered(20);
+  slow.took = ReadAhead::kQuick + std::chrono::milliseconds(1);
+  EXPECT_EQ(Read(0, Delivered(10)), std::nullopt);
+  EXPECT_EQ(Read(11, slow), std::nullopt);
+  // The walk goes on; the machine may have been slow just once.
+  CallResult quick = Delivered(30);
+  quick.took = ReadAhead::kQuick;
+  EXPECT_EQ(Read(21, quick), 31U);
+}
+
+TEST_F(ReadAheadTest, HowLongAFetchTookDecidesOnTheNextOne) {
+  CallResult slow = Delivered(21);
+  slow.took = std::chrono::seconds(3);
+  EXPECT_EQ(Read(0, Delivered(10)), std::nullopt);
+  EXPECT_EQ(Read(11, Delivered(20)), 21U);
+  ahead_.Keep(21, slow, now_);
+  const std::optional<CallResult> taken = Take(21);
+  ASSERT_TRUE(taken.has_value());
+  EXPECT_EQ(Read(21, *taken), std::nullopt);
+}
+
 TEST_F(ReadAheadTest, TheEndOfTheLogFetchesNothing) {
   const CallResult ends[] = {Delivered(11, ENTRY_STATUS_NONE),
                              Delivered(11, 0, 0),
@@ -73,10 +95,13 @@ TEST_F(ReadAheadTest, TheEndOfTheLogFetchesNothing) {
 }
 
 TEST_F(ReadAheadTest, AFetchedAnswerIsGivenOnce) {
+  EXPECT_FALSE(ahead_.holds());
   ahead_.Keep(22, Delivered(30), now_);
+  EXPECT_TRUE(ahead_.holds());
   const std::optional<CallResult> taken = Take(22);
   ASSERT_TRUE(taken.has_value());
   EXPECT_EQ(taken->reply, Delivered(30).reply);
+  EXPECT_FALSE(ahead_.holds());
   EXPECT_FALSE(Take(22).has_value());
 }
 

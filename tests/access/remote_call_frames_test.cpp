@@ -60,7 +60,7 @@ TEST(RemoteCallFramesTest, AForeignHeaderIsNoFrame) {
   Bytes other = message;
   other[6] = 0;
   EXPECT_FALSE(DecodeFrame(other, frame));
-  other[6] = 7;
+  other[6] = 8;
   EXPECT_FALSE(DecodeFrame(other, frame));
 }
 
@@ -85,6 +85,7 @@ TEST(RemoteCallFramesTest, AnAnswerIsTakenForWhatItAnswers) {
       {FrameKind::kCall,    FrameKind::kLost,      0,                  kMisfit,            true },
       {FrameKind::kCall,    FrameKind::kConnected, 0,                  kMisfit,            true },
       {FrameKind::kCall,    FrameKind::kCall,      0,                  kMisfit,            true },
+      {FrameKind::kCall,    FrameKind::kStarted,   0,                  kMisfit,            true },
   };
   for (const AnswerRow& row : kRows) {
     bool lost = !row.lost;

@@ -1,17 +1,20 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sched.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
 
+#include "access/helper_process.h"
 #include "access/remote_call_runtime.h"
 #include "access/remote_monitor_client.h"
 
@@ -228,7 +231,8 @@ TEST_F(RemoteCallRuntimeTest, AHelperThatEndsFailsTheCall) {
 }
 
 TEST_F(RemoteCallRuntimeTest, NonsenseFromTheHelperFailsTheCall) {
-  for (const char* nonsense : {"garbage", "oversize", "misfit", "failed:0"}) {
+  for (const char* nonsense :
+       {"garbage", "oversize", "misfit", "failed:0", "started+started", "started+die"}) {
     Script(nonsense);
     EXPECT_EQ(Connect(), kServerUnavailable) << nonsense;
     Script(std::string("connected ") + nonsense);
@@ -249,6 +253,25 @@ TEST_F(RemoteCallRuntimeTest, SilenceWhileConnectingEndsAtItsLimit) {
 
 TEST_F(RemoteCallRuntimeTest, SilenceInACallEndsAtItsLimit) {
   Script(std::string("connected ") + kAdministrator + " silent");
+  ASSERT_EQ(Connect(), kRemoteOk);
+  ::setenv("QVL_CALL_TIMEOUT_MS", "50", 1);
+  std::uint8_t hasLog = 9;
+  EXPECT_EQ(client_.IsLogPresent(hasLog), kServerUnavailable);
+  EXPECT_FALSE(HasChildren());
+}
+
+TEST_F(RemoteCallRuntimeTest, WhatTheHelperWasBusyWithDoesNotCountForACall) {
+  Script(std::string("connected ") + kAdministrator +
+         " busy:1200+started+busy:1200+returned:0100000000000000");
+  ASSERT_EQ(Connect(), kRemoteOk);
+  ::setenv("QVL_CALL_TIMEOUT_MS", "2300", 1);
+  std::uint8_t hasLog = 0;
+  EXPECT_EQ(client_.IsLogPresent(hasLog), kRemoteOk);
+  EXPECT_EQ(hasLog, 1);
+}
+
+TEST_F(RemoteCallRuntimeTest, SilenceAfterAStartEndsAtTheLimit) {
+  Script(std::string("connected ") + kAdministrator + " started+silent");
   ASSERT_EQ(Connect(), kRemoteOk);
   ::setenv("QVL_CALL_TIMEOUT_MS", "50", 1);
   std::uint8_t hasLog = 9;
@@ -321,6 +344,43 @@ TEST_F(RemoteCallRuntimeDeathTest, AHelperThatHasEndedRaisesNoSignal) {
     ::_exit(connected && failed && gone ? 42 : 1);
   };
   EXPECT_EXIT(callTwice(), ::testing::ExitedWithCode(42), "");
+}
+
+// Whoever starts a program may have it ignore SIGCHLD, and with it the end of its children.
+TEST_F(RemoteCallRuntimeDeathTest, AnIgnoredSignalHidesNoEndOfAHelper) {
+  const std::filesystem::path program = folder_ / "program";
+  std::ofstream(program) << "#!/bin/sh\nexit 127\n";
+  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+  ::setenv("QVL_RPC_HELPER", program.c_str(), 1);
+  const auto connect = [this](int flags) {
+    struct sigaction ignoring = {};
+    ignoring.sa_handler = flags == 0 ? SIG_IGN : SIG_DFL;
+    ignoring.sa_flags = flags;
+    ::sigaction(SIGCHLD, &ignoring, nullptr);
+    ::_exit(Connect() == kHelperMissing && !HasChildren() ? 42 : 1);
+  };
+  EXPECT_EXIT(connect(0), ::testing::ExitedWithCode(42), "");
+  EXPECT_EXIT(connect(SA_NOCLDWAIT), ::testing::ExitedWithCode(42), "");
+}
+
+bool EnterEmptyRoot(const char* folder) {
+  return (::chroot(folder) == 0 || (::unshare(CLONE_NEWUSER) == 0 && ::chroot(folder) == 0)) &&
+         ::chdir("/") == 0;
+}
+
+// Without /proc the system does not say where this program is.
+TEST_F(RemoteCallRuntimeDeathTest, NoHelperIsTakenFromTheCurrentFolder) {
+  constexpr int kNotAllowed = 77;
+  const auto look = [this] {
+    ::unsetenv("QVL_RPC_HELPER");
+    std::ofstream(folder_ / "zlkqvxv-rpc") << "stray";
+    if (!EnterEmptyRoot(folder_.c_str())) ::_exit(kNotAllowed);
+    ::_exit(HelperProgram().empty() && Connect() == kHelperMissing ? 42 : 1);
+  };
+  const auto decided = [](int status) {
+    return WIFEXITED(status) && (WEXITSTATUS(status) == 42 || WEXITSTATUS(status) == kNotAllowed);
+  };
+  EXPECT_EXIT(look(), decided, "");
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <random>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "access/log_walk.h"
@@ -35,14 +36,24 @@ class TrialProcess {
     if (program == nullptr) return;
     std::string line = "\"" + std::string(program) + "\" --ready \"" + ready_.path() + "\" " +
                        switches + " \"" + log_.path() + "\"";
+    HANDLE itsInput = nullptr;
+    SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
+    ::CreatePipe(&itsInput, &input_, &inherited, 0);
+    ::SetHandleInformation(input_, HANDLE_FLAG_INHERIT, 0);
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
-    if (::CreateProcessA(program, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = itsInput;
+    startup.hStdOutput = ::GetStdHandle(STD_OUTPUT_HANDLE);
+    startup.hStdError = ::GetStdHandle(STD_ERROR_HANDLE);
+    if (::CreateProcessA(program, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                          &startup, &process_) != 0) {
       ::CloseHandle(process_.hThread);
     }
+    ::CloseHandle(itsInput);
   }
   ~TrialProcess() {
+    CloseInput();
     if (process_.hProcess == nullptr) return;
     ::TerminateProcess(process_.hProcess, 1);
     ::WaitForSingleObject(process_.hProcess, INFINITE);
@@ -57,6 +68,13 @@ class TrialProcess {
       if (::WaitForSingleObject(process_.hProcess, kStepMilliseconds) != WAIT_TIMEOUT) break;
     }
     return false;
+  }
+
+  bool Runs() const { return ::WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT; }
+
+  void CloseInput() {
+    if (input_ != nullptr) ::CloseHandle(input_);
+    input_ = nullptr;
   }
 
   /// Takes the ready file away; returns the exit status, or -1 when it does not end.
@@ -84,6 +102,7 @@ class TrialProcess {
 
   TemporaryFile log_{".qvx"};
   TemporaryFile ready_{".ready"};
+  HANDLE input_ = nullptr;
   PROCESS_INFORMATION process_ = {};
 };
 
@@ -125,6 +144,35 @@ TEST_F(RpcrtTest, WithoutAServiceConnectSaysUnavailable) {
   EXPECT_EQ(Connect(), kServerUnavailable);
   EXPECT_EQ(isAdministrator_, -7);
   EXPECT_EQ(client_.Disconnect(), RM_E_NOT_OPEN);
+}
+
+TEST_F(RpcrtTest, AServiceThatIsToEndDoesNotWaitForItsDelay) {
+  const TemporaryFile calls(".calls");
+  const TrialProcess service(SomeRecords(), "--delay 3600000 --log-call \"" + calls.path() + "\"");
+  ASSERT_TRUE(service.Listens());
+  RemoteStatus status = kAccessDenied;
+  std::thread caller([this, &status] { status = Connect(); });
+  // The service keeps the file to itself; its size can be seen.
+  std::error_code error;
+  std::uintmax_t size = 0;
+  for (int step = 0; step < kStepsOfPatience && size == 0; ++step) {
+    ::Sleep(kStepMilliseconds);
+    size = std::filesystem::file_size(calls.path(), error);
+    if (error) size = 0;
+  }
+  EXPECT_GT(size, 0U);
+  EXPECT_EQ(service.End(), 0);
+  caller.join();
+  EXPECT_EQ(status, kRemoteOk);
+}
+
+TEST_F(RpcrtTest, AServiceEndsWithItsInput) {
+  TrialProcess service(SomeRecords(), "--end-with-input");
+  ASSERT_TRUE(service.Listens());
+  EXPECT_EQ(Connect(), kRemoteOk);
+  EXPECT_TRUE(service.Runs());
+  service.CloseInput();
+  EXPECT_EQ(service.ExitStatus(), 0);
 }
 
 TEST_F(RpcrtTest, ReadsTheWholeLogByteForByte) {

@@ -1,18 +1,21 @@
 // Plays the helper's part in a test. $QVL_TEST_STEPS lists what it does at each frame it gets, in
-// turn: connected, returned:HEX, failed:STATUS, lost:STATUS, misfit, garbage, oversize, silent,
-// die. Each start and each frame is a line in the file $QVL_TEST_TRACE.
+// turn: connected, returned:HEX, failed:STATUS, lost:STATUS, started, misfit, garbage, oversize,
+// silent, busy:MILLISECONDS, die. Several at one frame are joined with +. Each start and each frame
+// is a line in the file $QVL_TEST_TRACE.
 #include <dirent.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <cstdlib>
 #include <fstream>
 #include <set>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "access/remote_call_frames.h"
@@ -82,6 +85,8 @@ void Play(const std::string& step) {
   if (verb == "connected") SendFrame({.kind = FrameKind::kConnected});
   if (verb == "failed") SendFrame({.kind = FrameKind::kFailed, .code = status()});
   if (verb == "lost") SendFrame({.kind = FrameKind::kLost, .code = status()});
+  if (verb == "started") SendFrame({.kind = FrameKind::kStarted});
+  if (verb == "busy") std::this_thread::sleep_for(std::chrono::milliseconds(status()));
   if (verb == "misfit") SendFrame({.kind = FrameKind::kCall});
   if (verb == "garbage") SendBytes({'h', 'e', 'l', 'l', 'o'});
   if (verb == "oversize") SendBytes(Bytes(qvl::kLargestFrame + 1, 0));
@@ -104,9 +109,10 @@ int main() {
     Frame frame;
     const bool good = qvl::DecodeFrame({buffer.data(), static_cast<std::size_t>(size)}, frame);
     Trace(good ? Described(frame) : "no frame");
-    std::string step;
-    steps >> step;
-    Play(step);
+    std::string joined;
+    steps >> joined;
+    std::istringstream parts(joined);
+    for (std::string step; std::getline(parts, step, '+');) Play(step);
   }
   Trace("end");
   return 0;

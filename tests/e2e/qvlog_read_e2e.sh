@@ -151,6 +151,27 @@ check "a number that falls back: what came" [ "$(wc -l <out)" -eq 5 ]
 check "a number that falls back: its message" has_text err \
     "reading ended after 5 entries: the machine delivered entry 4 where entry 5"
 
+# ---- A slow machine ----
+
+# Each entry is asked for once, and its deadline is its own.
+"$qvlog" sample --entries 6 --seed 1 -o six.qvx
+reads_logged() { grep -c ' ReadLogEntry ' "$1"; }
+"$root/trial/restart" --log six.qvx --delay 600 --log-call "$folder/slow" || exit 1
+reads "a slow machine" 0 -o read.qvx 127.0.0.1
+check "a slow machine: all entries" cmp -s read.qvx six.qvx
+check "a slow machine: $(reads_logged slow) reads of 6 entries" [ "$(reads_logged slow)" -eq 7 ]
+QVL_CALL_TIMEOUT_MS=2800
+export QVL_CALL_TIMEOUT_MS
+serves --delay 1500 --log-call "$folder/slower"
+reads "an answer after half of the deadline" 0 -o read.qvx 127.0.0.1
+check "an answer after half of the deadline: all entries" cmp -s read.qvx six.qvx
+check "an answer after half of the deadline: $(reads_logged slower) reads of 6 entries" \
+    [ "$(reads_logged slower)" -eq 7 ]
+unset QVL_CALL_TIMEOUT_MS
+"$root/trial/restart" --log "$demo" --log-call "$folder/quick" || exit 1
+reads "a quick machine" 0 -o read.qvx 127.0.0.1
+check "a quick machine: $(reads_logged quick) reads of 200 entries" [ "$(reads_logged quick)" -eq 201 ]
+
 # ---- Ctrl+C on a terminal ----
 
 # on_terminal COMMAND: begins the command; the terminal shows in screen.
@@ -166,6 +187,13 @@ has_ended() { [ -s ended ]; }
 presses_until_end() { has_ended || { press_ctrl_c; false; }; }
 screen_has() { [ -e screen ] && has_text screen "$1"; }
 screen_has_echoes() { [ "$(tr '\r' '\n' <screen | grep -o '\^C' | wc -l)" -ge "$1" ]; }
+# An answer that had come before the service was halted would let the reading go on, and end by the
+# first Ctrl+C alone: the progress must stand still.
+stands_still() {
+    shown=$(tail -c 200 screen)
+    sleep 1
+    [ "$(tail -c 200 screen)" = "$shown" ]
+}
 # Waits for the end of the command; sets status.
 terminal_ends() {
     wait_for has_ended
@@ -190,6 +218,7 @@ check "Ctrl+C keeps what came" holds_entries interrupted.qvx "$(kept)"
 on_terminal "'$qvlog' read --sort number:desc --no-header --format list -o sorted.txt 127.0.0.1"
 check "progress of a sort" wait_for screen_has "entries"
 service_halt
+check "a halted service halts the progress" wait_for stands_still
 press_ctrl_c
 check "Ctrl+C in a call: its echo" wait_for screen_has_echoes 1
 service_resume
@@ -202,6 +231,7 @@ check "Ctrl+C in a call: the last number first" \
 on_terminal "'$qvlog' read -o ended.qvx 127.0.0.1"
 check "progress before the end" wait_for screen_has "entries"
 service_halt
+check "a halted service halts the progress" wait_for stands_still
 press_ctrl_c
 check "first Ctrl+C: its echo" wait_for screen_has_echoes 1
 check "second Ctrl+C: the end" wait_for presses_until_end
