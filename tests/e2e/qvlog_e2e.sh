@@ -118,10 +118,13 @@ check "list | head prints" lines_are data/out 2
 check "list | head ends quietly" is_empty messages/err
 
 # A closed standard stream is nobody's file: what is opened next must not take its place.
-"$@" export -o closed.csv log.qvx missing.qvx >&- 2>&-
-check "messages to a closed stream stay out of the output" lacks_message closed.csv
-"$@" export -o open.csv log.qvx missing.qvx 2>messages/err
-check "a closed stream changes nothing else" cmp -s closed.csv open.csv
+# Wine itself cannot start without them.
+if [ "$windows" = no ]; then
+  "$@" export -o closed.csv log.qvx missing.qvx >&- 2>&-
+  check "messages to a closed stream stay out of the output" lacks_message closed.csv
+  "$@" export -o open.csv log.qvx missing.qvx 2>messages/err
+  check "a closed stream changes nothing else" cmp -s closed.csv open.csv
+fi
 
 # ---- info, show ----
 

@@ -26,8 +26,7 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr rlim_t kDescriptors = 12;  // what it needs itself, and a few connections
-constexpr int kMoreThanFit = 20;
+constexpr rlim_t kBelowTheNextDescriptor = 4;
 constexpr milliseconds kPatience{30'000};
 
 class TrialServerTest : public ::testing::Test {
@@ -40,7 +39,7 @@ class TrialServerTest : public ::testing::Test {
     Start();
   }
   void TearDown() override {
-    for (const int each : connections_) ::close(each);
+    for (const int each : {served_, waiting_}) ::close(each);
     if (process_ > 0) {
       ::kill(process_, SIGKILL);
       ::waitpid(process_, nullptr, 0);
@@ -48,22 +47,27 @@ class TrialServerTest : public ::testing::Test {
     std::filesystem::remove_all(folder_);
   }
 
-  // The limit is set here and taken back, so that the program is born with it.
   void Start() {
     std::vector<std::string> words = {"zlkrcmc-trial", "--socket",         folder_ + "/socket",
                                       "--ready",       folder_ + "/ready", folder_ + "/log.qvx"};
     std::vector<char*> arguments;
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
-    rlimit before{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
-    const rlimit few = {.rlim_cur = kDescriptors, .rlim_max = before.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &few), 0);
-    const int error =
-        ::posix_spawn(&process_, QVL_TRIAL_PROGRAM, nullptr, nullptr, arguments.data(), environ);
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
-    ASSERT_EQ(error, 0);
+    ASSERT_EQ(
+        ::posix_spawn(&process_, QVL_TRIAL_PROGRAM, nullptr, nullptr, arguments.data(), environ),
+        0);
     ASSERT_TRUE(WaitFor([this] { return std::filesystem::exists(folder_ + "/ready"); }));
+  }
+
+  // Leaves one connection that is served and one that no descriptor is left for.
+  void ConnectOneTooMany() {
+    const std::size_t before = ServersDescriptors();
+    served_ = Connect();
+    ASSERT_TRUE(WaitFor([this, before] { return ServersDescriptors() > before; }));
+    ASSERT_EQ(::prlimit(process_, RLIMIT_NOFILE, nullptr, &usual_), 0);
+    const rlimit few = {.rlim_cur = kBelowTheNextDescriptor, .rlim_max = usual_.rlim_max};
+    ASSERT_EQ(::prlimit(process_, RLIMIT_NOFILE, &few, nullptr), 0);
+    waiting_ = Connect();
   }
 
   template <typename Condition>
@@ -100,30 +104,28 @@ class TrialServerTest : public ::testing::Test {
 
   std::string folder_;
   pid_t process_ = -1;
-  std::vector<int> connections_;
+  int served_ = -1;
+  int waiting_ = -1;
+  rlimit usual_{};
 };
 
 TEST_F(TrialServerTest, WaitsForADescriptorWithoutSpinning) {
-  for (int i = 0; i < kMoreThanFit; ++i) connections_.push_back(Connect());
-  ASSERT_TRUE(WaitFor([this] { return ServersDescriptors() >= kDescriptors; }));
-
+  ConnectOneTooMany();
   const milliseconds before = ServersTime();
   ::poll(nullptr, 0, 500);
   EXPECT_LT(ServersTime() - before, milliseconds(200));
 
-  // Those who waited get their turn when the others have gone: the service hangs up on nonsense.
-  const int last = connections_.back();
-  connections_.pop_back();
-  for (const int each : connections_) ::close(each);
-  connections_ = {last};
-  ASSERT_EQ(::shutdown(last, SHUT_WR), 0);
-  pollfd hungUp = {.fd = last, .events = POLLIN, .revents = 0};
+  // Whoever waited gets a turn as soon as there is a descriptor: the service answers by hanging up
+  // on one who says nothing.
+  ASSERT_EQ(::shutdown(waiting_, SHUT_WR), 0);
+  pollfd hungUp = {.fd = waiting_, .events = POLLIN, .revents = 0};
+  EXPECT_EQ(::poll(&hungUp, 1, 0), 0);
+  ASSERT_EQ(::prlimit(process_, RLIMIT_NOFILE, &usual_, nullptr), 0);
   EXPECT_EQ(::poll(&hungUp, 1, static_cast<int>(kPatience.count())), 1);
 }
 
 TEST_F(TrialServerTest, IsToldToEndWhileItWaitsForADescriptor) {
-  for (int i = 0; i < kMoreThanFit; ++i) connections_.push_back(Connect());
-  ASSERT_TRUE(WaitFor([this] { return ServersDescriptors() >= kDescriptors; }));
+  ConnectOneTooMany();
   ASSERT_EQ(::kill(process_, SIGTERM), 0);
   int status = -1;
   EXPECT_TRUE(
