@@ -268,6 +268,10 @@ constexpr StringRow kStrings[] = {
      "ヘルプ ファイル %s を開けませんでした。"},
     {kPrintFailed, "The log could not be printed.\n\n%s", "ログを印刷できませんでした。\n\n%s"},
     {kMachineName, "Machine", "コンピューター"},
+    {kYes, "&Yes", "はい(&Y)"},
+    {kNo, "&No", "いいえ(&N)"},
+    {kOverwriteFile, "%s already exists.\nDo you want to replace it?",
+     "%s は既に存在します。\n上書きしますか?"},
 };
 // clang-format on
 

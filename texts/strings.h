@@ -203,6 +203,9 @@ enum class StringId : std::uint16_t {
   kHelpMissing = 62156,
   kPrintFailed = 62157,
   kMachineName = 62158,
+  kYes = 62159,
+  kNo = 62160,
+  kOverwriteFile = 62161,
 };
 
 /// One text in every language, UTF-8. `printf` conversions are the same in both.

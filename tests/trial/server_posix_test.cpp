@@ -50,6 +50,8 @@ class TrialServerTest : public ::testing::Test {
   void Start() {
     std::vector<std::string> words = {"zlkrcmc-trial", "--socket",         folder_ + "/socket",
                                       "--ready",       folder_ + "/ready", folder_ + "/log.qvx"};
+    // Where there is a search for leaks, it needs descriptors when the program ends.
+    ::setenv("LSAN_OPTIONS", "detect_leaks=0", 1);
     std::vector<char*> arguments;
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
@@ -59,11 +61,17 @@ class TrialServerTest : public ::testing::Test {
     ASSERT_TRUE(WaitFor([this] { return std::filesystem::exists(folder_ + "/ready"); }));
   }
 
-  // Leaves one connection that is served and one that no descriptor is left for.
+  // The service hangs up on one who says nothing.
+  static bool IsServed(int connection, milliseconds limit) {
+    EXPECT_EQ(::shutdown(connection, SHUT_WR), 0);
+    pollfd hungUp = {.fd = connection, .events = POLLIN, .revents = 0};
+    return ::poll(&hungUp, 1, static_cast<int>(limit.count())) == 1;
+  }
+
+  // Leaves one connection that was served and one that no descriptor is left for.
   void ConnectOneTooMany() {
-    const std::size_t before = ServersDescriptors();
     served_ = Connect();
-    ASSERT_TRUE(WaitFor([this, before] { return ServersDescriptors() > before; }));
+    ASSERT_TRUE(IsServed(served_, kPatience));
     ASSERT_EQ(::prlimit(process_, RLIMIT_NOFILE, nullptr, &usual_), 0);
     const rlimit few = {.rlim_cur = kBelowTheNextDescriptor, .rlim_max = usual_.rlim_max};
     ASSERT_EQ(::prlimit(process_, RLIMIT_NOFILE, &few, nullptr), 0);
@@ -89,11 +97,6 @@ class TrialServerTest : public ::testing::Test {
     return connection;
   }
 
-  std::size_t ServersDescriptors() const {
-    const std::filesystem::directory_iterator all("/proc/" + std::to_string(process_) + "/fd");
-    return static_cast<std::size_t>(std::distance(begin(all), end(all)));
-  }
-
   milliseconds ServersTime() const {
     clockid_t clock = 0;
     timespec used{};
@@ -115,13 +118,10 @@ TEST_F(TrialServerTest, WaitsForADescriptorWithoutSpinning) {
   ::poll(nullptr, 0, 500);
   EXPECT_LT(ServersTime() - before, milliseconds(200));
 
-  // Whoever waited gets a turn as soon as there is a descriptor: the service answers by hanging up
-  // on one who says nothing.
-  ASSERT_EQ(::shutdown(waiting_, SHUT_WR), 0);
-  pollfd hungUp = {.fd = waiting_, .events = POLLIN, .revents = 0};
-  EXPECT_EQ(::poll(&hungUp, 1, 0), 0);
+  // Whoever waited gets a turn as soon as there is a descriptor.
+  EXPECT_FALSE(IsServed(waiting_, milliseconds(0)));
   ASSERT_EQ(::prlimit(process_, RLIMIT_NOFILE, &usual_, nullptr), 0);
-  EXPECT_EQ(::poll(&hungUp, 1, static_cast<int>(kPatience.count())), 1);
+  EXPECT_TRUE(IsServed(waiting_, kPatience));
 }
 
 TEST_F(TrialServerTest, IsToldToEndWhileItWaitsForADescriptor) {

@@ -2,7 +2,7 @@
 #include "platform/standard_streams.h"
 #include "platform/system_names.h"
 #include "texts/strings.h"
-#include "viewer/ui/start_message.h"
+#include "viewer/ui/start_window.h"
 
 int main(int argc, char** argv) {
   qvl::PrepareStandardStreams();
@@ -12,8 +12,5 @@ int main(int argc, char** argv) {
   if (qvl::IsBatchCommandLine(arguments)) {
     return qvl::BatchRunner(qvl::ProcessBatchEnvironment(argc, argv)).Run(arguments);
   }
-  qvl::ShowStartMessage(
-      "zlkqvxv: the window is not part of this version yet; a first argument that begins with "
-      "'-' or '/' starts batch mode.");
-  return 1;
+  return qvl::StartWindow(arguments);
 }

@@ -1,0 +1,91 @@
+# shellcheck shell=sh
+# A screen of its own, and what a test does on it: keys, clicks, and looking until something is so.
+# shellcheck disable=SC2154,SC2034  # folder and shots are the sourcing script's; so is what is set
+
+passed=0
+failed=0
+
+# wait_until COMMAND...: false when it is not so within 20 seconds.
+wait_until() {
+  give_up_at=$(($(date +%s) + 20))
+  until "$@"; do
+    [ "$(date +%s)" -lt "$give_up_at" ] || return 1
+    sleep 0.1
+  done
+}
+
+# check LABEL COMMAND...: waits until it is so; leaves a picture of the screen where it never is.
+check() {
+  label=$1
+  shift
+  if wait_until "$@"; then
+    passed=$((passed + 1))
+    return 0
+  fi
+  failed=$((failed + 1))
+  mkdir -p "$shots"
+  picture=$shots/$(echo "$label" | tr -c 'a-zA-Z0-9\n' '_').png
+  import -window root "$picture"
+  echo "FAILED: $label ($picture)"
+  return 1
+}
+
+# must LABEL COMMAND...: a check without which the rest makes no sense.
+must() {
+  check "$@" || exit 1
+}
+
+display_is_known() { [ -s "$folder/display" ]; }
+
+start_screen() {
+  Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$folder/display" 2>"$folder/xvfb.log" &
+  screen=$!
+  wait_until display_is_known || exit 1
+  DISPLAY=:$(cat "$folder/display")
+  export DISPLAY
+  openbox --sm-disable >"$folder/openbox.log" 2>&1 &
+  window_manager=$!
+  wait_until xdotool get_num_desktops >/dev/null 2>&1 || exit 1
+}
+
+end_screen() {
+  [ -z "${window_manager:-}" ] || kill "$window_manager"
+  [ -z "${screen:-}" ] || kill "$screen"
+  wait
+}
+
+key() { xdotool key --clearmodifiers "$@"; }
+type_text() { xdotool type --delay 20 "$1"; }
+
+# How many windows with exactly this title are on the screen.
+windows_titled() { xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | wc -l; }
+are_titled() { [ "$(windows_titled "$1")" -eq "$2" ]; }
+
+# click_at X Y: in the main window.
+click_at() { xdotool mousemove --window "$main" "$1" "$2" click 1; }
+
+# copied KEYS...: what the keys bring into the clipboard; nothing while they bring nothing.
+copied() {
+  printf '' | xclip -selection clipboard -in >/dev/null
+  key "$@"
+  looks=0
+  until text=$(timeout 2 xclip -selection clipboard -out 2>/dev/null) && [ -n "$text" ]; do
+    looks=$((looks + 1))
+    [ "$looks" -lt 20 ] || return 1
+    sleep 0.05
+  done
+  printf '%s\n' "$text" | tr -d '\r'
+}
+
+# Every row that is shown, a line each. Selects them all.
+rows() {
+  key ctrl+shift+a
+  copied ctrl+c | tail -n +2
+}
+count_of_rows() { rows | wc -l; }
+shows_rows() { [ "$(count_of_rows)" -eq "$1" ]; }
+shows_descriptions_of() {
+  rows | cut -f 1 >"$folder/shown"
+  cmp -s "$folder/shown" "$1"
+}
+selected_row_holds() { copied ctrl+c | tail -n 1 | grep -q -- "$1"; }

@@ -1,0 +1,42 @@
+#include "viewer/ui/front_window.h"
+
+#include <wx/app.h>
+#include <wx/msgdlg.h>
+#include <wx/toplevel.h>
+
+#include "viewer/ui/wx_text.h"
+
+namespace qvl {
+
+wxWindow* FrontWindow() {
+  for (auto* node = wxTopLevelWindows.GetLast(); node != nullptr; node = node->GetPrevious()) {
+    auto* const dialog = dynamic_cast<wxDialog*>(node->GetData());
+    if (dialog != nullptr && dialog->IsShown() && dialog->IsModal()) return dialog;
+  }
+  return wxTheApp->GetTopWindow();
+}
+
+MessageAnswer MessageBoxes::Show(const UserMessage& message) {
+  const bool asks = !message.yesLabel.empty();
+  const long icon = message.icon == MessageIcon::kQuestion ? wxICON_QUESTION : wxICON_EXCLAMATION;
+  wxMessageDialog box(FrontWindow(), ToWx(message.text), ToWx(message.caption),
+                      icon | (asks ? wxYES_NO | wxCANCEL : wxOK));
+  if (asks) {
+    box.SetYesNoCancelLabels(ToWx(message.yesLabel), ToWx(message.noLabel),
+                             TextOf(StringId::kCancel));
+  } else {
+    box.SetOKLabel(TextOf(StringId::kOk));
+  }
+  switch (box.ShowModal()) {
+    case wxID_YES:
+      return MessageAnswer::kYes;
+    case wxID_NO:
+      return MessageAnswer::kNo;
+    case wxID_OK:
+      return MessageAnswer::kOk;
+    default:
+      return asks ? MessageAnswer::kCancel : MessageAnswer::kOk;
+  }
+}
+
+}  // namespace qvl

@@ -1,0 +1,144 @@
+#include <wx/button.h>
+#include <wx/dialog.h>
+#include <wx/listbox.h>
+#include <wx/log.h>
+#include <wx/process.h>
+#include <wx/timer.h>
+#include <wx/txtstrm.h>
+#include <wx/utils.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "viewer/ui/accessible_name.h"
+#include "viewer/ui/dialog_parts.h"
+#include "viewer/ui/machine_browser.h"
+#include "viewer/ui/network_search.h"
+#include "viewer/ui/wx_text.h"
+
+namespace qvl {
+namespace {
+
+constexpr int kMillisecondsBetweenLooks = 100;
+
+/// A list that fills while the network answers.
+class MachineBrowser : public wxDialog {
+ public:
+  explicit MachineBrowser(wxWindow* owner);
+  ~MachineBrowser() override;
+
+  wxString Name() const { return machines_->GetStringSelection(); }
+
+ private:
+  struct Search {
+    wxProcess* process;
+    long pid;
+    std::string (*machineOf)(std::string_view line);
+  };
+
+  void Start();
+  void ReadAll();
+  void Read(const Search& search);
+  void OnEnd(wxProcessEvent& event);
+  void ShowState();
+
+  wxListBox* machines_;
+  wxStaticText* state_;
+  wxTimer timer_;
+  std::vector<Search> searches_;
+};
+
+MachineBrowser::MachineBrowser(wxWindow* owner)
+    : wxDialog(owner, wxID_ANY, TextOf(StringId::kApplicationTitle), wxDefaultPosition,
+               wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER) {
+  machines_ = new wxListBox(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(380, 200)), 0,
+                            nullptr, wxLB_SINGLE | wxLB_SORT);
+  SetAccessibleName(*machines_, TextOf(StringId::kMachineName));
+  // As high as the longer of its two texts.
+  state_ = WrappedText(*this, StringId::kBrowserEmpty);
+  auto* const column = new wxBoxSizer(wxVERTICAL);
+  const wxSizerFlags flags = wxSizerFlags().Expand().Border(wxALL, FromDIP(10));
+  column->Add(WrappedText(*this, StringId::kBrowsePrompt), flags);
+  column->Add(machines_, wxSizerFlags(flags).Proportion(1));
+  column->Add(state_, flags);
+  column->Add(OkAndCancel(*this), flags);
+  SetSizerAndFit(column);
+  state_->SetMinSize(state_->GetSize());
+  CentreOnParent();
+
+  Bind(
+      wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(!Name().empty()); }, wxID_OK);
+  machines_->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { EndModal(wxID_OK); });
+  Bind(wxEVT_END_PROCESS, &MachineBrowser::OnEnd, this);
+  timer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ReadAll(); });
+  timer_.Start(kMillisecondsBetweenLooks);
+  Start();
+}
+
+MachineBrowser::~MachineBrowser() {
+  for (const Search& search : searches_) {
+    search.process->Detach();  // deletes itself when its program has ended
+    wxProcess::Kill(static_cast<int>(search.pid), wxSIGTERM);
+  }
+}
+
+void MachineBrowser::Start() {
+  const wxLogNull silence;  // a program that is not installed is none of the user's business
+  for (const SearchProgram& program : SearchPrograms()) {
+    auto* const process = new wxProcess(this);
+    process->Redirect();
+    const long pid = wxExecute(program.command, wxEXEC_ASYNC, process);
+    if (pid > 0) {
+      searches_.push_back({process, pid, program.machineOf});
+    } else {
+      delete process;
+    }
+  }
+  ShowState();
+}
+
+void MachineBrowser::Read(const Search& search) {
+  while (search.process->IsInputAvailable()) {
+    wxTextInputStream lines(*search.process->GetInputStream(), "\n");
+    const std::string name = search.machineOf(FromWx(lines.ReadLine()));
+    if (!name.empty() && machines_->FindString(ToWx(name)) == wxNOT_FOUND) {
+      machines_->Append(ToWx(name));
+    }
+  }
+}
+
+void MachineBrowser::ReadAll() {
+  for (const Search& search : searches_) Read(search);
+}
+
+void MachineBrowser::OnEnd(wxProcessEvent& event) {
+  const auto ended =
+      std::find_if(searches_.begin(), searches_.end(),
+                   [&event](const Search& search) { return search.pid == event.GetPid(); });
+  if (ended == searches_.end()) return;
+  Read(*ended);
+  delete ended->process;
+  searches_.erase(ended);
+  ShowState();
+}
+
+void MachineBrowser::ShowState() {
+  wxString text;
+  if (!searches_.empty()) {
+    text = TextOf(StringId::kBrowserSearching);
+  } else if (machines_->IsEmpty()) {
+    text = TextOf(StringId::kBrowserEmpty);
+  }
+  state_->SetLabelText(text);
+  state_->Wrap(GetClientSize().x - FromDIP(20));
+}
+
+}  // namespace
+
+std::optional<std::string> BrowseForMachine(wxWindow* owner) {
+  MachineBrowser browser(owner);
+  if (browser.ShowModal() != wxID_OK || browser.Name().empty()) return std::nullopt;
+  return FromWx(browser.Name());
+}
+
+}  // namespace qvl
