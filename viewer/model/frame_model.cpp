@@ -50,9 +50,9 @@ void FrameModel::ShowMachines() {
   environment_.window.SetCaption(FilledText(StringId::kApplicationTitle) + " - " + machine_);
 }
 
-bool FrameModel::OpenMachine(const std::string& name) {
+bool FrameModel::OpenMachine(std::string_view name) {
   isBusy_ = true;
-  const std::string wanted = name;  // may be the box's own text, which is about to change
+  const std::string wanted(name);  // may be the box's own text, which is about to change
   ResetFrame();
   if (wanted.empty()) return false;
   ShownProgress progress(environment_.progress,
@@ -70,7 +70,6 @@ bool FrameModel::OpenMachine(const std::string& name) {
   isAdministrator_ = isAdministrator;
   machine_ = wanted;
   ShowMachines();
-
   std::uint8_t hasLog = 0;
   environment_.work.Run(
       [this, &status, &hasLog] { status = environment_.client.IsLogPresent(hasLog); });
@@ -93,8 +92,8 @@ bool FrameModel::OpenMachine(const std::string& name) {
   return true;
 }
 
-bool FrameModel::SwitchToMachine(const std::string& name) {
-  const std::string wanted = name;  // closing clears the current name and the box
+bool FrameModel::SwitchToMachine(std::string_view name) {
+  const std::string wanted(name);  // closing clears the current name and the box
   return CloseMachine() && OpenMachine(wanted);
 }
 

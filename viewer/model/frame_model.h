@@ -37,9 +37,9 @@ class FrameModel {
   /// Opens a machine, named as `NormaliseMachineName` gives it, and reads its log. The caller has
   /// closed the one before. Every failure was told when this returns.
   /// Returns true when the machine is open, also when its log could not be read.
-  bool OpenMachine(const std::string& name);
+  bool OpenMachine(std::string_view name);
   /// Closes what is open, then the same.
-  bool SwitchToMachine(const std::string& name);
+  bool SwitchToMachine(std::string_view name);
   /// Reads the log again; filter, sort, selection and scroll position stay. Opens another machine
   /// when the box names one.
   void RefreshMachine();

@@ -121,7 +121,10 @@ std::string DataDump(const CEventLogEntry& entry) {
       line += hex.data();
       characters += Printable(data[at + i]);
     }
-    dump += line + "  " + characters + "\n";
+    line += "  ";
+    line += characters;
+    line += "\n";
+    dump += line;
   }
   return dump;
 }

@@ -18,7 +18,7 @@ std::optional<WallMinute> MinuteOf(LogTime time) {
                                          std::chrono::month(time.month),
                                          std::chrono::day(time.day));
   const sys_time<minutes> midnight = sys_days(date);
-  return midnight.time_since_epoch().count() + time.hour * 60 + time.minute;
+  return midnight.time_since_epoch().count() + WallMinute{time.hour} * 60 + time.minute;
 }
 
 LogTime TimeOfMinute(WallMinute minute) {
