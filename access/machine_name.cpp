@@ -2,16 +2,9 @@
 
 #include <algorithm>
 
+#include "entries/ascii_case.h"
+
 namespace qvl {
-namespace {
-
-// Not toupper(): a locale's letters differ between systems, and a machine's name must not.
-char ToAsciiUpper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-}  // namespace
-
 std::string NormaliseMachineName(std::string_view name, std::string_view thisComputer) {
   std::string normal(name);
   std::replace(normal.begin(), normal.end(), '\\', ' ');

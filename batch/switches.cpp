@@ -1,6 +1,6 @@
 #include "batch/switches.h"
 
-#include <algorithm>
+#include "entries/ascii_case.h"
 
 namespace qvl {
 namespace {
@@ -29,17 +29,6 @@ constexpr SwitchRow kSwitchRows[] = {
     {"note:",     Form::kValue,  SwitchKind::kNote     },
 };
 
-// Not tolower(): what a switch is must not depend on the locale.
-char ToAsciiLower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool BeginsWithKeyword(std::string_view text, std::string_view keyword) {
-  return text.size() >= keyword.size() &&
-         std::equal(keyword.begin(), keyword.end(), text.begin(),
-                    [](char wanted, char c) { return wanted == ToAsciiLower(c); });
-}
-
 }  // namespace
 
 bool BeginsSwitch(char c) {
@@ -50,7 +39,7 @@ Switch ParseSwitch(std::string_view argument) {
   if (argument.empty() || !BeginsSwitch(argument.front())) return {};
   const std::string_view text = argument.substr(1);
   for (const SwitchRow& row : kSwitchRows) {
-    if (!BeginsWithKeyword(text, row.keyword)) continue;
+    if (!BeginsIgnoringCase(text, row.keyword)) continue;
     const std::string_view rest = text.substr(row.keyword.size());
     const bool accepted = row.form == Form::kPrefix || (row.form == Form::kWhole) == rest.empty();
     if (accepted) return {row.kind, row.form == Form::kValue ? rest : std::string_view()};

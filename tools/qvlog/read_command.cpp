@@ -5,7 +5,7 @@
 #include "access/log_walk.h"
 #include "access/machine_name.h"
 #include "access/status_texts.h"
-#include "entries/field_formatters.h"
+#include "entries/ascii_case.h"
 #include "platform/interrupt.h"
 #include "platform/system_names.h"
 #include "texts/strings.h"
@@ -49,17 +49,10 @@ std::string OpenLog(RemoteMonitorClient& client, const std::string& machine) {
   return hasLog != 0 ? "" : std::string(GetString(StringId::kBatchNoLog));
 }
 
-bool IsLogFileName(std::string_view name) {
-  constexpr std::string_view kExtension = ".qvx";
-  if (name.size() < kExtension.size()) return false;
-  const std::string_view end = name.substr(name.size() - kExtension.size());
-  return std::equal(end.begin(), end.end(), kExtension.begin(),
-                    [](char a, char b) { return ToAsciiLower(a) == b; });
-}
-
 // What a file is named after is what its reader expects in it.
 EntryFormat FormatOf(const CommandLine& line) {
-  return line.format.value_or(IsLogFileName(line.output) ? EntryFormat::kQvx : EntryFormat::kList);
+  return line.format.value_or(EndsIgnoringCase(line.output, ".qvx") ? EntryFormat::kQvx
+                                                                    : EntryFormat::kList);
 }
 
 // One reading of a machine's log, from the first read to the last byte of the output.

@@ -1,8 +1,6 @@
 #include "tools/qvlog/selection.h"
 
-#include <algorithm>
-
-#include "entries/field_formatters.h"
+#include "entries/ascii_case.h"
 #include "files/unicode_text.h"
 
 namespace qvl {
@@ -10,9 +8,7 @@ Selection::Selection(const SelectionOptions& options, Moment now)
     : filter_(options.choices, now),
       since_(options.since),
       until_(options.until),
-      text_(options.text) {
-  std::transform(text_.begin(), text_.end(), text_.begin(), ToAsciiLower);
-}
+      text_(options.text) {}
 
 bool Selection::Takes(const CEventLogEntry& entry) const {
   return filter_.Passes(entry) && TakesTime(entry.GetUpdateTime()) && TakesText(entry);
@@ -27,8 +23,7 @@ bool Selection::TakesTime(LogTime time) const {
 bool Selection::TakesText(const CEventLogEntry& entry) const {
   if (text_.empty()) return true;
   const std::string text = Utf8FromText(entry.GetColumnText(Column::kDescription));
-  return std::search(text.begin(), text.end(), text_.begin(), text_.end(),
-                     [](char a, char b) { return ToAsciiLower(a) == b; }) != text.end();
+  return HoldsIgnoringCase(text, text_);
 }
 
 }  // namespace qvl

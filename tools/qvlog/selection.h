@@ -31,7 +31,7 @@ class Selection {
   EntryFilter filter_;
   std::optional<LogTime> since_;
   std::optional<LogTime> until_;
-  std::string text_;  // in lower case
+  std::string text_;
 };
 
 }  // namespace qvl

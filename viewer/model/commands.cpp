@@ -1,6 +1,6 @@
 #include "viewer/model/commands.h"
 
-#include "entries/field_formatters.h"
+#include "entries/ascii_case.h"
 
 namespace qvl {
 namespace {

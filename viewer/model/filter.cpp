@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "entries/ascii_case.h"
 #include "entries/severity.h"
 #include "texts/strings.h"
-#include "viewer/model/ascii_case.h"
 
 namespace qvl {
 namespace {

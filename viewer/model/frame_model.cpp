@@ -1,9 +1,9 @@
 #include "viewer/model/frame_model.h"
 
 #include "access/machine_name.h"
+#include "entries/ascii_case.h"
 #include "files/unicode_text.h"
 #include "texts/filled_text.h"
-#include "viewer/model/ascii_case.h"
 #include "viewer/model/page_printout.h"
 #include "viewer/model/viewer_settings.h"
 

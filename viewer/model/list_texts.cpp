@@ -4,8 +4,8 @@
 #include <array>
 #include <cstdio>
 
+#include "entries/ascii_case.h"
 #include "entries/event_description.h"
-#include "entries/field_formatters.h"
 #include "files/unicode_text.h"
 
 namespace qvl {
@@ -13,19 +13,14 @@ namespace {
 
 constexpr std::size_t kBytesPerLine = 16;
 
-bool HoldsIgnoringCase(std::string_view text, std::string_view lowered) {
-  return std::search(text.begin(), text.end(), lowered.begin(), lowered.end(),
-                     [](char a, char b) { return ToAsciiLower(a) == b; }) != text.end();
-}
-
-bool RowHolds(const CEventLogEntry& entry, std::string_view lowered) {
+bool RowHolds(const CEventLogEntry& entry, std::string_view part) {
   std::array<char, kDescriptionSize> buffer;
   for (const ListColumn& column : ListColumns()) {
     TextSink cell(buffer);
     entry.GetColumnText(column.column, cell);
     const std::string_view text = cell.view();
-    const bool holds = IsUtf8(text) ? HoldsIgnoringCase(text, lowered)
-                                    : HoldsIgnoringCase(Utf8FromText(text), lowered);
+    const bool holds =
+        IsUtf8(text) ? HoldsIgnoringCase(text, part) : HoldsIgnoringCase(Utf8FromText(text), part);
     if (holds) return true;
   }
   return false;
@@ -78,11 +73,9 @@ std::optional<std::size_t> SearchRows(const ListModel& model, std::string_view t
                                       std::size_t start, SearchDirection direction) {
   const std::size_t rows = model.rowCount();
   if (rows == 0 || text.empty()) return std::nullopt;
-  std::string lowered(text);
-  std::transform(lowered.begin(), lowered.end(), lowered.begin(), ToAsciiLower);
   std::size_t row = start % rows;
   for (std::size_t i = 0; i < rows; ++i) {
-    if (RowHolds(model.EntryAt(row), lowered)) return row;
+    if (RowHolds(model.EntryAt(row), text)) return row;
     row = direction == SearchDirection::kForward ? (row + 1) % rows : (row + rows - 1) % rows;
   }
   return std::nullopt;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "viewer/model/ascii_case.h"
+#include "entries/ascii_case.h"
 
 namespace qvl {
 void MachineHistory::Assign(std::vector<std::string> names) {

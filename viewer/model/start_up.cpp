@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "viewer/model/ascii_case.h"
+#include "entries/ascii_case.h"
 
 namespace qvl {
 namespace {
