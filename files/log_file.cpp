@@ -81,7 +81,9 @@ void AppendLogRecord(const RawLogEntry& entry, BufferedWriter& out) {
   out.Commit(kLogFileRecordSize);
 }
 
-Status SaveLogFile(const std::string& path, const EntryList& entries) {
+namespace {
+
+Status SaveOver(const std::string& path, const EntryList& entries, bool cutsTail) {
   ExclusiveFile file;
   Status status = file.Open(path, ExclusiveFile::Mode::kOverwrite);
   if (!status.ok()) return status;
@@ -91,11 +93,22 @@ Status SaveLogFile(const std::string& path, const EntryList& entries) {
     AppendLogRecord(entries[i].raw(), out);
   }
   status = out.Finish();
+  if (status.ok() && cutsTail) status = file.CutTail();
   // A log that is about to be cleared on its machine may exist nowhere else: it counts as saved
   // only when it is on the disk.
   if (status.ok()) status = file.Flush();
   const Status closed = file.Close();
   return status.ok() ? closed : status;
+}
+
+}  // namespace
+
+Status SaveLogFile(const std::string& path, const EntryList& entries) {
+  return SaveOver(path, entries, false);
+}
+
+Status SaveLogFileAlone(const std::string& path, const EntryList& entries) {
+  return SaveOver(path, entries, true);
 }
 
 }  // namespace qvl

@@ -67,6 +67,10 @@ LogFileResult LoadLog(ByteSource& source, EntryList& entries);
 /// Returns success only when the system has taken every byte and closed the file.
 Status SaveLogFile(const std::string& path, const EntryList& entries);
 
+/// The same, and then cuts off the tail of a longer file. It is cut last: a save that fails leaves
+/// every byte behind the place that it reached.
+Status SaveLogFileAlone(const std::string& path, const EntryList& entries);
+
 /// The two pieces that a log file is made of.
 void AppendLogHeader(BufferedWriter& out);
 void AppendLogRecord(const RawLogEntry& entry, BufferedWriter& out);

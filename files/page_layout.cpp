@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "files/text_report.h"
+#include "files/unicode_text.h"
 #include "texts/strings.h"
 
 namespace qvl {
@@ -40,7 +41,7 @@ std::size_t PageLayout::FirstEntry(int page, std::size_t entries) const {
 
 std::string PageLayout::JustifiedLine(std::string_view left, std::string_view right) const {
   std::string line(left);
-  const std::size_t used = left.size() + right.size();
+  const std::size_t used = TextColumns(left) + TextColumns(right);
   const auto width = static_cast<std::size_t>(charactersPerLine_);
   if (used < width) line.append(width - used, ' ');
   line.append(right);

@@ -40,7 +40,8 @@ class PageLayout {
   /// first one: users' printouts have always ended so.
   std::size_t FirstEntry(int page, std::size_t entries) const;
 
-  /// `left`, blanks, `right`, as wide as the page; no blanks where the page is too narrow.
+  /// `left`, blanks, `right`, as wide as the page by `TextColumns`; no blanks where the page is too
+  /// narrow.
   std::string JustifiedLine(std::string_view left, std::string_view right) const;
 
   /// A line of underscores as wide as the page.

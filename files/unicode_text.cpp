@@ -48,6 +48,46 @@ void AppendCodePoint(char16_t point, std::string& out) {
   }
 }
 
+struct Range {
+  char32_t first;
+  char32_t last;
+};
+
+// Coarser than the table where it says the same of what is assigned.
+constexpr Range kWide[] = {
+    {0x1100,  0x115F },
+    {0x2E80,  0x303E },
+    {0x3041,  0x33FF },
+    {0x3400,  0x4DBF },
+    {0x4E00,  0xA4CF },
+    {0xA960,  0xA97F },
+    {0xAC00,  0xD7A3 },
+    {0xF900,  0xFAFF },
+    {0xFE10,  0xFE19 },
+    {0xFE30,  0xFE6F },
+    {0xFF01,  0xFF60 },
+    {0xFFE0,  0xFFE6 },
+    {0x1F300, 0x1F64F},
+    {0x1F900, 0x1F9FF},
+    {0x20000, 0x3FFFD},
+};
+
+bool IsWide(char32_t point) {
+  for (const Range& range : kWide) {
+    if (point >= range.first && point <= range.last) return true;
+  }
+  return false;
+}
+
+char32_t CodePoint(std::string_view sequence) {
+  constexpr std::array<unsigned, 5> kFirstBits = {0, 0x7F, 0x1F, 0x0F, 0x07};
+  char32_t point = static_cast<std::uint8_t>(sequence[0]) & kFirstBits[sequence.size()];
+  for (const char c : sequence.substr(1)) {
+    point = point << 6U | (static_cast<std::uint8_t>(c) & 0x3FU);
+  }
+  return point;
+}
+
 }  // namespace
 
 bool IsUtf8(std::string_view bytes) {
@@ -69,6 +109,17 @@ std::string Utf8FromText(std::string_view bytes) {
     AppendCodePoint(upperControl ? kUpperControls[byte - 0x80U] : byte, out);
   }
   return out;
+}
+
+std::size_t TextColumns(std::string_view bytes) {
+  const std::string text = Utf8FromText(bytes);
+  std::size_t columns = 0;
+  for (std::string_view rest = text; !rest.empty();) {
+    const std::string_view sequence = rest.substr(0, SequenceLength(rest));
+    columns += IsWide(CodePoint(sequence)) ? 2U : 1U;
+    rest.remove_prefix(sequence.size());
+  }
+  return columns;
 }
 
 }  // namespace qvl

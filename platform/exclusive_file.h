@@ -35,6 +35,9 @@ class ExclusiveFile : public ByteSource, public ByteSink {
   /// The file's length in bytes; 0 for what has none, a pipe for one.
   Status Size(std::uint64_t& size);
 
+  /// Ends the file at the place that was written last; what has no length stays as it is.
+  Status CutTail();
+
   /// Waits until the system has the bytes on its storage, where the file is on one.
   Status Flush();
 

@@ -126,6 +126,17 @@ Status ExclusiveFile::Size(std::uint64_t& size) {
   return Status::Ok();
 }
 
+Status ExclusiveFile::CutTail() {
+  const off_t place = ::lseek(handle_->descriptor, 0, SEEK_CUR);
+  struct stat properties = {};
+  if (::fstat(handle_->descriptor, &properties) != 0) return Failure("cannot query", path_, errno);
+  if (!S_ISREG(properties.st_mode)) return Status::Ok();
+  if (place < 0 || ::ftruncate(handle_->descriptor, place) != 0) {
+    return Failure("cannot write", path_, errno);
+  }
+  return Status::Ok();
+}
+
 Status ExclusiveFile::Flush() {
   if (::fsync(handle_->descriptor) == 0) return Status::Ok();
   const int error = errno;

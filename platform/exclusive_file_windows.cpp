@@ -110,6 +110,12 @@ Status ExclusiveFile::Size(std::uint64_t& size) {
   return Status::Ok();
 }
 
+Status ExclusiveFile::CutTail() {
+  if (::GetFileType(handle_->file) != FILE_TYPE_DISK) return Status::Ok();
+  if (::SetEndOfFile(handle_->file) == 0) return Failure("cannot write", path_, ::GetLastError());
+  return Status::Ok();
+}
+
 Status ExclusiveFile::Flush() {
   if (::GetFileType(handle_->file) != FILE_TYPE_DISK) return Status::Ok();
   if (::FlushFileBuffers(handle_->file) == 0) {

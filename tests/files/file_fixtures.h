@@ -30,6 +30,10 @@ class TemporaryFile {
                              std::to_string(device()) + std::string(extension);
     path_ = std::filesystem::temp_directory_path() / name;
   }
+  /// Under a name of the test's own.
+  TemporaryFile(std::string_view name, std::string_view extension)
+      : path_(std::filesystem::temp_directory_path() /
+              (std::string(name) + std::string(extension))) {}
   ~TemporaryFile() {
     std::error_code ignored;
     std::filesystem::remove(path_, ignored);
@@ -44,6 +48,7 @@ class TemporaryFile {
   }
 
   bool Exists() const { return std::filesystem::exists(path_); }
+  void Remove() const { std::filesystem::remove(path_); }
 
   void Write(std::string_view bytes) const {
     std::ofstream stream(path_, std::ios::binary);

@@ -201,6 +201,12 @@ TEST(JustifiedLine, FillsTheLineWithBlanks) {
   EXPECT_EQ(PageLayout(20, 6).JustifiedLine("abc", "xy"), "abc xy");
 }
 
+TEST(JustifiedLine, CountsColumnsAndNotBytes) {
+  EXPECT_EQ(PageLayout(20, 10).JustifiedLine("ログ", "xy"), "ログ    xy");
+  EXPECT_EQ(PageLayout(20, 10).JustifiedLine("K\xC3\xB6ln", "1"), "K\xC3\xB6ln     1");
+  EXPECT_EQ(PageLayout(20, 10).JustifiedLine("K\xF6ln", "1"), "K\xF6ln     1");
+}
+
 TEST(JustifiedLine, AddsNoBlanksWhereThePageIsTooNarrow) {
   EXPECT_EQ(PageLayout(20, 5).JustifiedLine("abc", "xy"), "abcxy");  // none are left
   EXPECT_EQ(PageLayout(20, 4).JustifiedLine("abc", "xy"), "abcxy");  // less than none

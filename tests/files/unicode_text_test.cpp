@@ -135,5 +135,18 @@ TEST(Utf8FromText, TurnsEverySingleByteIntoOneWellFormedCharacter) {
   }
 }
 
+TEST(TextColumns, AreTwoForWideCharacters) {
+  EXPECT_EQ(TextColumns(""), 0U);
+  EXPECT_EQ(TextColumns("abc "), 4U);
+  EXPECT_EQ(TextColumns("\xC3\xA9"), 1U);                  // e with an acute accent
+  EXPECT_EQ(TextColumns("\xE9"), 1U);                      // the same in Windows-1252
+  EXPECT_EQ(TextColumns("ログ"), 4U);                      // katakana
+  EXPECT_EQ(TextColumns("\xEF\xBD\xB8"), 1U);              // half-width katakana
+  EXPECT_EQ(TextColumns("消去"), 4U);                      // ideographs
+  EXPECT_EQ(TextColumns("\xEF\xBC\xA1"), 2U);              // a full-width letter
+  EXPECT_EQ(TextColumns("\xF0\xA0\x80\x80"), 2U);          // an ideograph of the second plane
+  EXPECT_EQ(TextColumns("\xE2\x80\xA6\xE2\x80\x94"), 2U);  // an ellipsis and a dash
+}
+
 }  // namespace
 }  // namespace qvl
