@@ -203,9 +203,32 @@ enum class StringId : std::uint16_t {
   kHelpMissing = 62156,
   kPrintFailed = 62157,
   kMachineName = 62158,
-  kYes = 62159,
-  kNo = 62160,
-  kOverwriteFile = 62161,
+
+  kPreviewPrint = 62200,
+  kPreviewFirst = 62201,
+  kPreviewPrevious = 62202,
+  kPreviewNext = 62203,
+  kPreviewLast = 62204,
+  kPreviewZoomOut = 62205,
+  kPreviewZoomIn = 62206,
+  kPreviewPageOf = 62207,
+  kPreviewPage = 62208,
+  kPreviewPageNumber = 62209,
+  kPreviewZoom = 62210,
+  kPrinting = 62211,
+  kPrintingWait = 62212,
+  kPrintingDocument = 62213,
+  kPrintingProgress = 62214,
+  kPrintingPreparing = 62215,
+  kPrintingPage = 62216,
+  kPrintingPageOf = 62217,
+  kCopyFailed = 62218,
+
+  kNoDisplay = 62220,
+
+  kNotEnoughMemory = 62240,
+  kWindowNotInstalled = 62241,
+  kBuiltWithoutWindow = 62242,
 };
 
 /// One text in every language, UTF-8. `printf` conversions are the same in both.

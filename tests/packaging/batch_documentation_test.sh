@@ -1,5 +1,5 @@
 #!/bin/bash
-# The manual page and docs/batch.md, held against the switches that the program takes.
+# The manual page, docs/batch.md and the help, held against the switches that the program takes.
 #
 #   batch_documentation_test.sh ZLKQVXV VERSION
 #
@@ -38,9 +38,12 @@ program=$(sed -n '/^constexpr SwitchRow kSwitchRows/,/^};/s/^ *{"\([a-z]*:\{0,1\
 guide=$(sed -n 's/^| `\/\([a-z]*:\{0,1\}\).*/\1/p' "$tree/docs/batch.md" | sort)
 manual=$(sed -n '/^\.SH SWITCHES/,/^\.SH "EXIT/s/^\.BI* \/\([a-z][a-z]*:\{0,1\}\).*/\1/p' \
     "$tree/packaging/zlkqvxv.1" | sort)
+help_page=$tree/viewer/resources/help/batch.html
+help=$(sed -n 's/^<tr><td><tt>\/\([a-z]*:\{0,1\}\).*/\1/p' "$help_page" | sort)
 check "the program has switches" 9 "$(wc -w <<<"$program")"
 check "the switches of docs/batch.md" "$program" "$guide"
 check "the switches of the manual page" "$program" "$manual"
+check "the switches of the help" "$program" "$help"
 
 # The program itself takes all of them, and refuses one that none of them names.
 switches=()
@@ -60,6 +63,8 @@ check "what the program refuses" \
 for status in 0 1 2 3; do
     check "docs/batch.md tells of exit status $status" 1 \
         "$(grep -c "^| $status | " "$tree/docs/batch.md")"
+    check "the help tells of exit status $status" 1 \
+        "$(grep -c "^<tr><td>$status</td>" "$help_page")"
     check "the manual page tells of exit status $status" 1 \
         "$(grep -c "^\.B $status\$" "$tree/packaging/zlkqvxv.1")"
 done

@@ -247,7 +247,7 @@ TEST(FilledText, PutsTheArgumentsInOrder) {
 }
 
 TEST(FilledText, TakesNoArgumentForAConversion) {
-  EXPECT_EQ(FilledText(StringId::kTailRemains, {"%s%s%n", "2"}).find("The file %s%s%n holds"), 0U);
+  EXPECT_EQ(FilledText(StringId::kTailRemains, {"%s%s%n", "2"}).find("The file %s%s%n is"), 0U);
   EXPECT_EQ(FilledText(StringId::kProgressConnecting, {"%", "left over"}), "Connecting to %");
   EXPECT_EQ(FilledText(StringId::kProgressConnecting), "Connecting to %s");
 }

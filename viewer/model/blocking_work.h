@@ -12,7 +12,8 @@ class BlockingWork {
  public:
   virtual ~BlockingWork() = default;
 
-  /// Returns when `work` has returned. `work` throws nothing and touches no window.
+  /// Returns when `work` has returned. `work` touches no window; it throws nothing but what memory
+  /// that runs out makes, which comes out here.
   virtual void Run(const std::function<void()>& work) = 0;
 };
 

@@ -49,6 +49,7 @@ constexpr MenuItem kContextMenu[] = {
 };
 
 constexpr Accelerator kExtraAccelerators[] = {
+    {"F1",        Command::kHelpTopics     },
     {"Alt+R",     Command::kRefresh        },
     {"Alt+M",     Command::kGoToMachineBox },
     {"Tab",       Command::kNextControl    },

@@ -61,8 +61,8 @@ struct Accelerator {
   Command command;
 };
 
-/// The keys that no menu shows. Alt+M goes to the machine box; Tab and Shift+Tab walk between the
-/// box, its buttons and the list.
+/// The keys that no menu shows. F1 opens the help, Alt+M goes to the machine box; Tab and Shift+Tab
+/// walk between the box, its buttons and the list.
 std::span<const Accelerator> ExtraAccelerators();
 
 /// A menu's text, taken apart at its tab.

@@ -26,6 +26,7 @@ void EntryListView::Destroy() {
 }
 
 void EntryListView::OnUpdate() {
+  StopSearch();
   const ListModel& model = document_.list();
   FillControl(environment_.list, model);
   environment_.list.ShowSortArrow(model.sort().column, model.sort().ascending);
@@ -37,6 +38,7 @@ void EntryListView::SetEnabled(bool enabled) {
 }
 
 void EntryListView::OnHeaderClick(Column column) {
+  StopSearch();
   ClickHeader(column, environment_.list, document_.list());
 }
 
@@ -59,27 +61,31 @@ void EntryListView::CopySelection() {
       SelectedRowsText(environment_.list, document_.list(), environment_.lineEnd));
 }
 
-bool EntryListView::SelectFound(const std::optional<std::size_t>& row) {
-  if (!row) return false;
-  environment_.list.SelectAndFocusRow(*row);
-  return true;
-}
-
-bool EntryListView::FindTyped(const std::string& text) {
+SearchState EntryListView::FindTyped(const std::string& text) {
   searchText_ = text;
   const std::size_t focused = environment_.list.FocusedRow();
   const std::size_t start = focused == ListControl::kNoRow ? 0 : focused;
-  return SelectFound(SearchRows(document_.list(), text, start, SearchDirection::kForward));
+  search_.emplace(document_.list(), text, start, SearchDirection::kForward);
+  return ContinueSearch();
 }
 
-bool EntryListView::FindAgain(SearchDirection direction) {
+SearchState EntryListView::FindAgain(SearchDirection direction) {
   const std::size_t rows = document_.list().rowCount();
-  if (rows == 0) return false;
+  if (rows == 0) return SearchState::kNotFound;
   const bool forward = direction == SearchDirection::kForward;
   const std::size_t focused = environment_.list.FocusedRow();
   const std::size_t before = focused < rows ? focused : (forward ? rows - 1 : 0);
   const std::size_t start = forward ? before + 1 : before + rows - 1;
-  return SelectFound(SearchRows(document_.list(), searchText_, start, direction));
+  search_.emplace(document_.list(), searchText_, start, direction);
+  return ContinueSearch();
+}
+
+SearchState EntryListView::ContinueSearch() {
+  if (!search_) return SearchState::kNotFound;
+  const SearchState state = search_->Continue(kSearchSlice);
+  if (state == SearchState::kFound) environment_.list.SelectAndFocusRow(search_->row());
+  if (state != SearchState::kSearching) StopSearch();
+  return state;
 }
 
 const CEventLogEntry* EntryListView::FocusedEntry() const {

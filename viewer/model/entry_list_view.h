@@ -10,6 +10,7 @@
 #include "viewer/model/event_viewer_doc.h"
 #include "viewer/model/list_position.h"
 #include "viewer/model/list_texts.h"
+#include "viewer/model/row_search.h"
 #include "viewer/model/severity_histogram.h"
 #include "viewer/model/viewer_environment.h"
 
@@ -43,12 +44,21 @@ class EntryListView : public DocumentView {
   void SelectAll();
   void CopySelection();
 
-  /// Finds a text while it is typed: from the focused row on, which may hold it still. Selects the
-  /// row that holds it. Returns false, leaving the selection alone, when none does.
-  bool FindTyped(const std::string& text);
+  /// Searches for a text while it is typed: from the focused row on, which may hold it still. A row
+  /// that holds it is selected; when none does, the selection stays. Each call looks at one slice
+  /// of the rows, a few hundredths of a second at most.
+  SearchState FindTyped(const std::string& text);
   /// The next or the previous row that holds the text that was typed last.
-  bool FindAgain(SearchDirection direction);
+  SearchState FindAgain(SearchDirection direction);
+  /// The next slice; `kNotFound` when nothing is searched for.
+  SearchState ContinueSearch();
+  /// A search that goes on is given up, also when the rows change.
+  void StopSearch() { search_.reset(); }
+  bool isSearching() const { return search_.has_value(); }
   const std::string& searchText() const { return searchText_; }
+
+  /// Rows of a slice.
+  static constexpr std::size_t kSearchSlice = 8192;
 
   /// The entry that the details show: the focused one. Null when there is none.
   const CEventLogEntry* FocusedEntry() const;
@@ -56,11 +66,10 @@ class EntryListView : public DocumentView {
   SeverityHistogram Histogram(std::size_t largestBuckets) const;
 
  private:
-  bool SelectFound(const std::optional<std::size_t>& row);
-
   const ViewerEnvironment& environment_;
   CEventViewerDoc& document_;
   std::string searchText_;
+  std::optional<RowSearch> search_;  // while it goes on
 };
 
 }  // namespace qvl

@@ -11,6 +11,7 @@
 #include "platform/status.h"
 #include "viewer/model/document_view.h"
 #include "viewer/model/list_model.h"
+#include "viewer/model/recent_files.h"
 #include "viewer/model/viewer_environment.h"
 
 namespace qvl {
@@ -23,7 +24,7 @@ enum class MarkResult : std::uint8_t { kDone = 0, kNotEligible = 1, kFailed = 2 
 class CEventViewerDoc {
  public:
   explicit CEventViewerDoc(const ViewerEnvironment& environment)
-      : environment_(environment), list_(entries_) {}
+      : environment_(environment), list_(entries_), recentFiles_(environment.settings) {}
   CEventViewerDoc(const CEventViewerDoc&) = delete;
   CEventViewerDoc& operator=(const CEventViewerDoc&) = delete;
 
@@ -58,7 +59,11 @@ class CEventViewerDoc {
 
   void AddMaintenanceNote();
 
-  // Log files.
+  // Log files. One that was opened or saved heads the list of recent files.
+
+  const RecentFiles& recentFiles() const { return recentFiles_; }
+  /// A file of the list that cannot be opened any more.
+  void ForgetRecentFile(const std::string& path);
 
   /// Shows a log file in place of what is shown now. Returns false when it is none, after telling
   /// so, with the document empty. A file that cannot be read to its end shows what came before.
@@ -67,8 +72,8 @@ class CEventViewerDoc {
   /// Writes every entry over what `path` holds without truncating it.
   Status OnSaveDocument(const std::string& path);
 
-  /// Asks for a path and saves. Where an older, longer log would keep its last entries behind the
-  /// saved ones, asks whether to replace the file instead. The window's caption stays.
+  /// Asks for a path and saves. Where the end of a longer file would stay behind the saved entries,
+  /// asks whether to cut it off. The window's caption stays.
   void SaveAsCommand();
 
   /// Asks for a path and exports every entry. Tells nothing, success or failure.
@@ -96,11 +101,12 @@ class CEventViewerDoc {
   ReadOutcome ReadMachine();
   void TellEarlyEnd(const ReadOutcome& outcome);
   std::uint64_t EntriesLeftBehind(const std::string& path) const;
-  Status ReplaceFile(const std::string& path);
+  void NoteRecentFile(const std::string& path);
 
   const ViewerEnvironment& environment_;
   EntryList entries_;
   ListModel list_;
+  RecentFiles recentFiles_;
   DocumentView* view_ = nullptr;
 };
 

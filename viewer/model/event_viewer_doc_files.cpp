@@ -6,16 +6,10 @@
 #include "platform/exclusive_file.h"
 #include "texts/filled_text.h"
 #include "viewer/model/event_viewer_doc.h"
-#include "viewer/model/page_printout.h"
+#include "viewer/model/file_names.h"
 
 namespace qvl {
 namespace {
-
-FileDialogRequest LogFileRequest(StringId title) {
-  return {.title = FilledText(title),
-          .filter = FilledText(StringId::kLogFileFilter),
-          .defaultExtension = ".qvx"};
-}
 
 LogFileResult LoadWhatFits(const std::string& path, EntryList& entries, bool& outOfMemory) {
   try {
@@ -28,9 +22,19 @@ LogFileResult LoadWhatFits(const std::string& path, EntryList& entries, bool& ou
 
 }  // namespace
 
+void CEventViewerDoc::NoteRecentFile(const std::string& path) {
+  recentFiles_.Add(path);
+  environment_.window.ShowRecentFiles(recentFiles_.paths());
+}
+
+void CEventViewerDoc::ForgetRecentFile(const std::string& path) {
+  recentFiles_.Remove(path);
+  environment_.window.ShowRecentFiles(recentFiles_.paths());
+}
+
 bool CEventViewerDoc::Load(const std::string& path) {
-  DeleteContents();
   list_.Reset();
+  DeleteContents();
   bool outOfMemory = false;
   const LogFileResult result = LoadWhatFits(path, entries_, outOfMemory);
   if (result.error == LogFileError::kNotALog) {
@@ -41,6 +45,7 @@ bool CEventViewerDoc::Load(const std::string& path) {
     ShowResourceMessage(environment_.messages, StringId::kInvalidFileName);
     return false;
   }
+  NoteRecentFile(path);
   UpdateViews();
   SetViewsEnabled(true);
   if (outOfMemory) ShowResourceMessage(environment_.messages, StringId::kOutOfMemory);
@@ -55,14 +60,6 @@ Status CEventViewerDoc::OnSaveDocument(const std::string& path) {
   return SaveLogFile(path, entries_);
 }
 
-// Emptied first, so that the one way of writing a log serves for a clean copy too.
-Status CEventViewerDoc::ReplaceFile(const std::string& path) {
-  ExclusiveFile file;
-  Status status = file.Open(path, ExclusiveFile::Mode::kReplace);
-  if (status.ok()) status = file.Close();
-  return status.ok() ? OnSaveDocument(path) : status;
-}
-
 // A file that cannot be looked at is left to the saving to fail on.
 std::uint64_t CEventViewerDoc::EntriesLeftBehind(const std::string& path) const {
   ExclusiveFile file;
@@ -74,24 +71,26 @@ std::uint64_t CEventViewerDoc::EntriesLeftBehind(const std::string& path) const 
 }
 
 void CEventViewerDoc::SaveAsCommand() {
-  const std::optional<std::string> path =
-      environment_.files.AskSavePath(LogFileRequest(StringId::kSaveDialogTitle));
-  if (!path) return;
+  const FileDialogRequest request = LogFileRequest(StringId::kSaveDialogTitle);
+  const std::optional<std::string> chosen = environment_.files.AskSavePath(request);
+  if (!chosen) return;
+  const std::string path = PathWithExtension(*chosen, request.defaultExtension);
   MessageAnswer answer = MessageAnswer::kNo;
-  const std::uint64_t left = EntriesLeftBehind(*path);
+  const std::uint64_t left = EntriesLeftBehind(path);
   if (left > 0) {
     answer = environment_.messages.Show(
         {.caption = FilledText(StringId::kApplicationTitle),
          .text = FilledText(StringId::kTailRemains,
-                            {Utf8FromText(FileNameOf(*path)), std::to_string(left)}),
+                            {Utf8FromText(FileNameOf(path)), std::to_string(left)}),
          .icon = MessageIcon::kQuestion,
          .yesLabel = FilledText(StringId::kReplaceFile),
          .noLabel = FilledText(StringId::kSaveOver)});
   }
   if (answer != MessageAnswer::kYes && answer != MessageAnswer::kNo) return;
   const std::string caption = environment_.window.GetCaption();
-  const Status status = answer == MessageAnswer::kYes ? ReplaceFile(*path) : OnSaveDocument(*path);
-  if (status.ok()) environment_.window.NoteRecentFile(*path);
+  const Status status =
+      answer == MessageAnswer::kYes ? SaveLogFileAlone(path, entries_) : OnSaveDocument(path);
+  if (status.ok()) NoteRecentFile(path);
   environment_.window.SetCaption(caption);
   if (!status.ok()) {
     ShowTextMessage(environment_.messages,
@@ -100,11 +99,13 @@ void CEventViewerDoc::SaveAsCommand() {
 }
 
 void CEventViewerDoc::ExportCommand(std::string_view machine) {
-  const std::optional<std::string> path =
-      environment_.files.AskSavePath({.title = FilledText(StringId::kExportDialogTitle),
-                                      .filter = FilledText(StringId::kExportFileFilter),
-                                      .defaultExtension = ".csv"});
-  if (path) static_cast<void>(ExportCsvFile(*path, machine, entries_));
+  const FileDialogRequest request = {.title = FilledText(StringId::kExportDialogTitle),
+                                     .filter = FilledText(StringId::kExportFileFilter),
+                                     .defaultExtension = ".csv"};
+  const std::optional<std::string> path = environment_.files.AskSavePath(request);
+  if (!path) return;
+  static_cast<void>(
+      ExportCsvFile(PathWithExtension(*path, request.defaultExtension), machine, entries_));
 }
 
 int CEventViewerDoc::FilterCommand() {

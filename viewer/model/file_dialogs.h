@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "texts/strings.h"
+
 namespace qvl {
 
 /// What a file dialog shows, UTF-8.
@@ -11,12 +13,16 @@ struct FileDialogRequest {
   std::string title;
   /// Names and patterns by turns, each ended by a bar, a further bar at the end.
   std::string filter;
-  /// Put behind a chosen name that has no extension, before the dialog asks about an existing file.
+  /// For dialogs that put one behind a name without any; the model sees to the others.
   std::string defaultExtension;
 };
 
-/// Asks the user for a path; no file is suggested. Nothing when the user cancels. Paths are UTF-8
-/// on Windows and bytes elsewhere.
+/// What the dialogs for log files ask.
+/// title  the number of the dialog's title.
+FileDialogRequest LogFileRequest(StringId title);
+
+/// Asks the user for a path, as typed or picked; no file is suggested, and whether it exists is not
+/// asked. Nothing when the user cancels. Paths are UTF-8 on Windows and bytes elsewhere.
 class FileDialogs {
  public:
   virtual ~FileDialogs() = default;

@@ -1,16 +1,19 @@
 #include "viewer/model/frame_model.h"
 
+#include <new>
+
 #include "access/machine_name.h"
 #include "entries/ascii_case.h"
 #include "files/unicode_text.h"
 #include "texts/filled_text.h"
-#include "viewer/model/page_printout.h"
+#include "viewer/model/file_names.h"
 #include "viewer/model/viewer_settings.h"
 
 namespace qvl {
 void FrameModel::Start() {
   history_.Assign(LoadMachineNames(environment_.settings));
   environment_.machineBox.SetNames(history_.names());
+  environment_.window.ShowRecentFiles(document_.recentFiles().paths());
   document_.list().SetFilter(LoadFilterChoices(environment_.settings));
   environment_.window.SetCaption(FilledText(StringId::kApplicationTitle));
   UpdateControls();
@@ -24,12 +27,41 @@ void FrameModel::OnShow() {
       LoadPlacement(environment_.settings, window.GetPlacement(), window.GetWorkArea()));
 }
 
-void FrameModel::Stop() {
+void FrameModel::Remember() {
   SaveMachineNames(environment_.settings, history_.names());
   SavePlacement(environment_.settings, environment_.window.GetPlacement());
   SaveFilterChoices(environment_.settings, document_.list().filter());
   view_.Destroy();
-  environment_.client.Disconnect();
+  environment_.settings.Synchronise();
+}
+
+void FrameModel::Stop() {
+  isOperating_ = true;
+  Remember();
+  environment_.work.Run([this] { environment_.client.Disconnect(); });
+}
+
+bool FrameModel::RunAlone(const std::function<void()>& operation) {
+  if (isOperating_ || isPreviewShown_) return false;
+  isOperating_ = true;
+  view_.StopSearch();
+  environment_.window.ShowSearchAnswer({});  // it was of rows that may change now
+  try {
+    operation();
+  } catch (const std::bad_alloc&) {
+    TellOutOfMemory();
+  }
+  isOperating_ = false;
+  asksToClear_ = false;
+  return true;
+}
+
+// What failed may have left fewer rows than the list shows, or a machine half opened.
+void FrameModel::TellOutOfMemory() {
+  if (environment_.list.RowCount() != document_.list().rowCount()) view_.OnUpdate();
+  if (!machine_.empty()) isBusy_ = false;
+  UpdateControls();
+  ShowResourceMessage(environment_.messages, StringId::kNotEnoughMemory);
 }
 
 std::string FrameModel::Normalised(std::string_view name) const {
@@ -43,46 +75,44 @@ void FrameModel::ResetFrame() {
   environment_.window.SetCaption(FilledText(StringId::kApplicationTitle));
 }
 
-void FrameModel::ShowMachines() {
+void FrameModel::EnterMachine(const std::string& name) {
+  machine_ = name;
   history_.Add(machine_);
   environment_.machineBox.SetNames(history_.names());
   environment_.machineBox.Select(0);
   environment_.window.SetCaption(FilledText(StringId::kApplicationTitle) + " - " + machine_);
 }
 
+// Connects to a machine, makes it the one that is open, and looks for its log.
+bool FrameModel::ConnectTo(const std::string& name) {
+  ShownProgress progress(environment_.progress, FilledText(StringId::kProgressConnecting, {name}));
+  RemoteStatus status = kRemoteOk;
+  std::int32_t isAdministrator = 0;
+  environment_.work.Run([this, &name, &status, &isAdministrator] {
+    status = environment_.client.Connect(name, isAdministrator);
+  });
+  std::uint8_t hasLog = 0;
+  if (status == kRemoteOk) {
+    isAdministrator_ = isAdministrator;
+    EnterMachine(name);
+    environment_.work.Run(
+        [this, &status, &hasLog] { status = environment_.client.IsLogPresent(hasLog); });
+    UpdateControls();
+  }
+  progress.Close();
+  if (status != kRemoteOk) {
+    ShowStatusMessage(environment_.messages, status);
+    return false;
+  }
+  if (hasLog == 0) ShowResourceMessage(environment_.messages, StringId::kNoLog);
+  return hasLog != 0;
+}
+
 bool FrameModel::OpenMachine(std::string_view name) {
   isBusy_ = true;
   const std::string wanted(name);  // may be the box's own text, which is about to change
   ResetFrame();
-  if (wanted.empty()) return false;
-  ShownProgress progress(environment_.progress,
-                         FilledText(StringId::kProgressConnecting, {wanted}));
-  RemoteStatus status = kRemoteOk;
-  std::int32_t isAdministrator = 0;
-  environment_.work.Run([this, &wanted, &status, &isAdministrator] {
-    status = environment_.client.Connect(wanted, isAdministrator);
-  });
-  if (status != kRemoteOk) {
-    progress.Close();
-    ShowStatusMessage(environment_.messages, status);
-    return false;
-  }
-  isAdministrator_ = isAdministrator;
-  machine_ = wanted;
-  ShowMachines();
-  std::uint8_t hasLog = 0;
-  environment_.work.Run(
-      [this, &status, &hasLog] { status = environment_.client.IsLogPresent(hasLog); });
-  progress.Close();
-  UpdateControls();
-  if (status != kRemoteOk) {
-    ShowStatusMessage(environment_.messages, status);
-    return false;
-  }
-  if (hasLog == 0) {
-    ShowResourceMessage(environment_.messages, StringId::kNoLog);
-    return false;
-  }
+  if (wanted.empty() || !ConnectTo(wanted)) return false;
   if (isAdministrator_ == 0) {
     ShowResourceMessage(environment_.messages, StringId::kStatusNotAdministrator);
   }
@@ -130,27 +160,40 @@ bool FrameModel::CloseMachine() {
   return true;
 }
 
-void FrameModel::ChooseMachine(std::string_view name) {
+void FrameModel::SwitchToNamed(std::string_view name) {
   const std::string wanted = Normalised(name);
   if (!wanted.empty() && !EqualsIgnoringCase(wanted, machine_)) SwitchToMachine(wanted);
 }
 
+void FrameModel::ChooseMachine(std::string_view name) {
+  RunAlone([this, name] { SwitchToNamed(name); });
+}
+
 // A file in place of a machine leaves nothing connected behind it.
-bool FrameModel::OpenLogFile(const std::string& path) {
+bool FrameModel::ShowLogFile(const std::string& path) {
   if (!machine_.empty()) CloseMachine();
   openLogFile_.clear();
   const bool loaded = document_.Load(path);
   if (loaded) {
     isBusy_ = false;
     openLogFile_ = path;
-    environment_.window.NoteRecentFile(path);
   }
   UpdateControls();
   return loaded;
 }
 
-void FrameModel::FilterByTime(const std::optional<TimeRange>& range) {
-  if (IsEnabled(Command::kFilter)) document_.ShowTimeRange(range);
+bool FrameModel::OpenLogFile(const std::string& path) {
+  bool loaded = false;
+  RunAlone([this, &path, &loaded] { loaded = ShowLogFile(path); });
+  return loaded;
+}
+
+void FrameModel::OpenRecentFile(std::size_t index) {
+  RunAlone([this, index] {
+    if (index >= document_.recentFiles().paths().size()) return;
+    const std::string path = document_.recentFiles().paths()[index];
+    if (!ShowLogFile(path)) document_.ForgetRecentFile(path);
+  });
 }
 
 std::string FrameModel::LogName() const {

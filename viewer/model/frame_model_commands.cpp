@@ -1,4 +1,5 @@
 #include "texts/filled_text.h"
+#include "viewer/model/file_names.h"
 #include "viewer/model/frame_model.h"
 
 namespace qvl {
@@ -33,11 +34,30 @@ bool FrameModel::IsEnabled(Command command) const {
 }
 
 void FrameModel::Execute(Command command) {
-  if (!IsEnabled(command)) return;
+  if (isOperating_ || isPreviewShown_ || !IsEnabled(command)) return;
+  // The window goes with it, which it cannot while something runs.
+  if (command == Command::kExit) return environment_.window.DoCommand(command);
+  RunAlone([this, command] {
+    asksToClear_ = command == Command::kClearAll;
+    Perform(command);
+  });
+}
+
+// One of them at a time, too.
+void FrameModel::ExecuteBeforeClearing(Command command) {
+  const bool isOffered = command == Command::kSaveLogAs || command == Command::kExportLog ||
+                         command == Command::kPrint;
+  if (!asksToClear_ || !isOffered || !IsEnabled(command)) return;
+  asksToClear_ = false;
+  Perform(command);
+  asksToClear_ = true;
+}
+
+void FrameModel::Perform(Command command) {
   switch (command) {
     case Command::kBrowse: {
       const std::optional<std::string> name = environment_.dialogs.AskMachine();
-      if (name) ChooseMachine(*name);
+      if (name) SwitchToNamed(*name);
       break;
     }
     case Command::kOpenLogFile:
@@ -97,18 +117,50 @@ void FrameModel::ExecuteViewCommand(Command command) {
   }
   // F3 before anything was searched for asks for it.
   if (view_.searchText().empty()) return environment_.window.DoCommand(Command::kFind);
-  const SearchDirection direction =
-      command == Command::kFindNext ? SearchDirection::kForward : SearchDirection::kBackward;
-  if (view_.FindAgain(direction)) return;
-  ShowTextMessage(environment_.messages, FilledText(StringId::kNotFound, {view_.searchText()}));
+  searchIsTyped_ = false;
+  TellSearchEnd(view_.FindAgain(command == Command::kFindNext ? SearchDirection::kForward
+                                                              : SearchDirection::kBackward));
 }
 
 void FrameModel::AskLogFile() {
-  const std::optional<std::string> path =
-      environment_.files.AskOpenPath({.title = std::string(GetString(StringId::kOpenDialogTitle)),
-                                      .filter = std::string(GetString(StringId::kLogFileFilter)),
-                                      .defaultExtension = ".qvx"});
-  if (path) OpenLogFile(*path);
+  const FileDialogRequest request = LogFileRequest(StringId::kOpenDialogTitle);
+  const std::optional<std::string> path = environment_.files.AskOpenPath(request);
+  if (path) ShowLogFile(PathToRead(*path, request.defaultExtension));
+}
+
+void FrameModel::ClickHeader(Column column) {
+  RunAlone([this, column] { view_.OnHeaderClick(column); });
+}
+
+void FrameModel::FilterByTime(const std::optional<TimeRange>& range) {
+  if (!IsEnabled(Command::kFilter)) return;
+  RunAlone([this, &range] { document_.ShowTimeRange(range); });
+}
+
+void FrameModel::FindTyped(const std::string& text) {
+  RunAlone([this, &text] {
+    searchIsTyped_ = true;
+    const SearchState state = view_.FindTyped(text);
+    if (!text.empty()) TellSearchEnd(state);  // an empty field is no question
+  });
+}
+
+bool FrameModel::ContinueSearch() {
+  if (isOperating_ || !view_.isSearching()) return false;
+  const SearchState state = view_.ContinueSearch();
+  if (state == SearchState::kNotFound) RunAlone([this, state] { TellSearchEnd(state); });
+  return state == SearchState::kSearching;
+}
+
+// A typed text is answered beside its field, F3 with a message.
+void FrameModel::TellSearchEnd(SearchState state) {
+  if (state != SearchState::kNotFound) return;
+  const std::string answer = FilledText(StringId::kNotFound, {view_.searchText()});
+  if (searchIsTyped_) {
+    environment_.window.ShowSearchAnswer(answer);
+  } else {
+    ShowTextMessage(environment_.messages, answer);
+  }
 }
 
 }  // namespace qvl

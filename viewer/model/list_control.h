@@ -44,8 +44,6 @@ class ListControl {
   virtual std::size_t FocusedRow() const = 0;
   /// The first row in sight.
   virtual std::size_t TopRow() const = 0;
-  /// The row under a point of the control; `kNoRow` when there is none.
-  virtual std::size_t RowAt(int x, int y) const = 0;
 
   static constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
 };

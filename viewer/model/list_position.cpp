@@ -27,6 +27,23 @@ struct IdentityHash {
 // The row of each wanted entry, kNoRow until it is met. Of several alike the first one counts.
 using RowsByIdentity = std::unordered_map<EntryIdentity, std::size_t, IdentityHash>;
 
+// Ascending. The last one ends the walk, and the usual single one that has the focus needs none:
+// a control looks at every row of a long list to find no further one.
+std::vector<std::size_t> SelectedRows(const ListControl& control, std::size_t rowCount) {
+  const std::size_t count = control.SelectedRowCount();
+  const std::size_t focused = control.FocusedRow();
+  if (count == 1 && focused < rowCount && control.NextSelectedRow(focused) == focused) {
+    return {focused};
+  }
+  std::vector<std::size_t> rows;
+  for (std::size_t row = 0; rows.size() < count; ++row) {
+    row = control.NextSelectedRow(row);
+    if (row >= rowCount) break;
+    rows.push_back(row);
+  }
+  return rows;
+}
+
 std::optional<EntryIdentity> IdentityAt(const ListModel& model, std::size_t row) {
   if (row >= model.rowCount()) return std::nullopt;
   return IdentityOf(model.EntryAt(row));
@@ -48,8 +65,7 @@ std::size_t RowOf(const RowsByIdentity& rows, const std::optional<EntryIdentity>
 
 ListPosition PositionOf(const ListControl& control, const ListModel& model) {
   ListPosition position;
-  for (std::size_t row = control.NextSelectedRow(0); row < model.rowCount();
-       row = control.NextSelectedRow(row + 1)) {
+  for (const std::size_t row : SelectedRows(control, model.rowCount())) {
     position.selected.push_back(IdentityOf(model.EntryAt(row)));
   }
   position.focused = IdentityAt(model, control.FocusedRow());
@@ -85,8 +101,7 @@ void ClickHeader(Column column, ListControl& control, ListModel& model) {
   // By position in the log here: nothing was read anew, and alike entries stay apart.
   constexpr std::size_t kNobody = kNoRow;
   std::vector<std::uint8_t> isSelected;
-  for (std::size_t row = control.NextSelectedRow(0); row < model.rowCount();
-       row = control.NextSelectedRow(row + 1)) {
+  for (const std::size_t row : SelectedRows(control, model.rowCount())) {
     const EntryIndex index = model.EntryIndexAt(row);
     if (index >= isSelected.size()) isSelected.resize(index + std::size_t{1});
     isSelected[index] = 1;

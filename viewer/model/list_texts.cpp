@@ -1,30 +1,13 @@
 #include "viewer/model/list_texts.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
+#include <utility>
 
-#include "entries/ascii_case.h"
-#include "entries/event_description.h"
 #include "files/unicode_text.h"
 
 namespace qvl {
 namespace {
-
-constexpr std::size_t kBytesPerLine = 16;
-
-bool RowHolds(const CEventLogEntry& entry, std::string_view part) {
-  std::array<char, kDescriptionSize> buffer;
-  for (const ListColumn& column : ListColumns()) {
-    TextSink cell(buffer);
-    entry.GetColumnText(column.column, cell);
-    const std::string_view text = cell.view();
-    const bool holds =
-        IsUtf8(text) ? HoldsIgnoringCase(text, part) : HoldsIgnoringCase(Utf8FromText(text), part);
-    if (holds) return true;
-  }
-  return false;
-}
 
 // The six cells of a line, whose text `cellOf` gives.
 template <typename CellOf>
@@ -69,43 +52,33 @@ std::string SelectedRowsText(const ListControl& control, const ListModel& model,
   return text;
 }
 
-std::optional<std::size_t> SearchRows(const ListModel& model, std::string_view text,
-                                      std::size_t start, SearchDirection direction) {
-  const std::size_t rows = model.rowCount();
-  if (rows == 0 || text.empty()) return std::nullopt;
-  std::size_t row = start % rows;
-  for (std::size_t i = 0; i < rows; ++i) {
-    if (RowHolds(model.EntryAt(row), text)) return row;
-    row = direction == SearchDirection::kForward ? (row + 1) % rows : (row + rows - 1) % rows;
-  }
-  return std::nullopt;
-}
-
 std::vector<EntryField> EntryFields(const CEventLogEntry& entry) {
   const RawLogEntry& raw = entry.raw();
-  const auto label = [](StringId id) { return std::string(GetString(id)); };
-  const auto cell = [&entry](Column column) { return Utf8FromText(entry.GetColumnText(column)); };
-  return {
-      {label(StringId::kColumnDescription), cell(Column::kDescription)        },
-      {label(StringId::kColumnClass),       NameAndNumber(entry.GetClassName(), raw.eventClass)},
-      {label(StringId::kDetailCode),                                   std::to_string(raw.eventCode)                                         },
-      {label(StringId::kColumnSeverity),                                   NameAndNumber(entry.GetSeverityName(),raw.severity)},
-      {label(StringId::kColumnCount),                      cell(Column::kCount)                                                           },
-      {label(StringId::kColumnUpdateTime),cell(Column::kUpdateTime)},
-      {label(StringId::kColumnInitialTime),                 cell(Column::kInitialTime)                                                                                  },
-      {label(StringId::kDetailEntryNumber),cell(Column::kEntryNumber)},
+  std::vector<EntryField> fields;
+  const auto add = [&fields](StringId label, std::string value) {
+    fields.push_back({std::string(GetString(label)), std::move(value)});
   };
+  const auto cell = [&entry](Column column) { return Utf8FromText(entry.GetColumnText(column)); };
+  add(StringId::kColumnDescription, cell(Column::kDescription));
+  add(StringId::kColumnClass, NameAndNumber(entry.GetClassName(), raw.eventClass));
+  add(StringId::kDetailCode, std::to_string(raw.eventCode));
+  add(StringId::kColumnSeverity, NameAndNumber(entry.GetSeverityName(), raw.severity));
+  add(StringId::kColumnCount, cell(Column::kCount));
+  add(StringId::kColumnUpdateTime, cell(Column::kUpdateTime));
+  add(StringId::kColumnInitialTime, cell(Column::kInitialTime));
+  add(StringId::kDetailEntryNumber, cell(Column::kEntryNumber));
+  return fields;
 }
 
-std::string DataDump(const CEventLogEntry& entry) {
+std::string DataDump(const CEventLogEntry& entry, std::size_t bytesPerLine) {
   const auto& data = entry.raw().data;
   std::string dump;
-  for (std::size_t at = 0; at < data.size(); at += kBytesPerLine) {
+  for (std::size_t at = 0; at < data.size(); at += bytesPerLine) {
     std::array<char, 8> hex{};
     std::snprintf(hex.data(), hex.size(), "%02x ", static_cast<unsigned>(at));
     std::string line = hex.data();
     std::string characters;
-    for (std::size_t i = 0; i < kBytesPerLine; ++i) {
+    for (std::size_t i = 0; i < bytesPerLine; ++i) {
       if (at + i >= data.size()) {
         line += "   ";
         continue;

@@ -2,7 +2,6 @@
 #define QVL_VIEWER_MODEL_LIST_TEXTS_H_
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,14 +19,6 @@ std::string CellText(const ListModel& model, std::size_t row, Column column);
 std::string SelectedRowsText(const ListControl& control, const ListModel& model,
                              std::string_view lineEnd);
 
-enum class SearchDirection : std::uint8_t { kForward, kBackward };
-
-/// The first row from `start` on, round over the ends, of which any cell holds `text`, ignoring
-/// ASCII case; nothing when none does, and for an empty text.
-/// text  UTF-8.
-std::optional<std::size_t> SearchRows(const ListModel& model, std::string_view text,
-                                      std::size_t start, SearchDirection direction);
-
 /// A field of an entry as the details show it, UTF-8.
 struct EntryField {
   std::string label;
@@ -38,9 +29,13 @@ struct EntryField {
 /// number.
 std::vector<EntryField> EntryFields(const CEventLogEntry& entry);
 
-/// The data bytes of an entry, sixteen a line: offset and bytes in hexadecimal, then the printable
-/// ASCII characters, a dot for every other byte. Lines end with a line feed.
-std::string DataDump(const CEventLogEntry& entry);
+/// The data bytes of an entry: offset and bytes in hexadecimal, then the printable ASCII
+/// characters, a dot for every other byte. Lines end with a line feed.
+/// bytesPerLine  at least 1; a line has `DataDumpWidth` characters at most.
+std::string DataDump(const CEventLogEntry& entry, std::size_t bytesPerLine = 16);
+constexpr std::size_t DataDumpWidth(std::size_t bytesPerLine) {
+  return 5 + 4 * bytesPerLine;
+}
 
 }  // namespace qvl
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "viewer/model/commands.h"
 
@@ -43,8 +44,11 @@ class MainWindow {
   /// What the menus, buttons and the status bar show may have changed: ask for it again.
   virtual void UpdateControls() = 0;
 
-  /// A log file was opened or saved: the head of the list of recent files.
-  virtual void NoteRecentFile(const std::string& path) = 0;
+  /// The list of recent files has changed; newest first.
+  virtual void ShowRecentFiles(const std::vector<std::string>& paths) = 0;
+
+  /// What the search for a typed text says; empty while it goes on and when the text was found.
+  virtual void ShowSearchAnswer(const std::string& answer) = 0;
 
   virtual void CopyToClipboard(const std::string& text) = 0;
 

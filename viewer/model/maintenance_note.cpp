@@ -18,6 +18,16 @@ std::string MaintenanceNoteLine(std::string_view typed) {
   return line;
 }
 
+// What was put in ends at the caret, so what was there before stays on both sides of it.
+std::wstring WithinNoteLimit(std::wstring text, std::size_t& caret) {
+  if (text.size() <= kMaintenanceNoteLimit) return text;
+  const std::size_t excess = text.size() - kMaintenanceNoteLimit;
+  const std::size_t end = std::clamp(caret, excess, text.size());
+  caret = end - excess;
+  text.erase(caret, excess);
+  return text;
+}
+
 bool AcceptMaintenanceNote(MessageWindow& messages, std::string_view typed) {
   const std::string line = MaintenanceNoteLine(typed);
   if (!line.empty() && line.size() <= kMaintenanceNoteLimit) return true;

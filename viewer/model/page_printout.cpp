@@ -25,9 +25,4 @@ std::vector<std::string> PrintoutPage(const PageLayout& layout, const ListModel&
   return lines;
 }
 
-std::string_view FileNameOf(std::string_view path) {
-  const std::size_t separator = path.find_last_of("/\\");
-  return separator == std::string_view::npos ? path : path.substr(separator + 1);
-}
-
 }  // namespace qvl

@@ -19,9 +19,6 @@ int PrintoutPageCount(const PageLayout& layout, const ListModel& list);
 std::vector<std::string> PrintoutPage(const PageLayout& layout, const ListModel& list,
                                       std::string_view logName, int page);
 
-/// A path without its folders, whichever separator the system uses.
-std::string_view FileNameOf(std::string_view path);
-
 }  // namespace qvl
 
 #endif  // QVL_VIEWER_MODEL_PAGE_PRINTOUT_H_

@@ -25,6 +25,9 @@ class Settings {
   virtual void SetNumber(const std::string& key, const std::string& name, std::uint32_t number) = 0;
   virtual void SetText(const std::string& key, const std::string& name,
                        const std::string& text) = 0;
+
+  /// What was set is kept, and what other programs have set meanwhile is seen.
+  virtual void Synchronise() = 0;
 };
 
 }  // namespace qvl

@@ -5,6 +5,8 @@
 #include <wx/panel.h>
 #include <wx/textctrl.h>
 
+#include <array>
+
 #include "entries/event_log_entry.h"
 
 namespace qvl {
@@ -18,8 +20,14 @@ class DetailsPane : public wxPanel {
   void ShowEntry(const CEventLogEntry* entry);
 
  private:
+  static constexpr std::array<std::size_t, 2> kBytesPerLine = {16, 8};
+
+  void ShowDump();
+  int LineWidth(std::size_t dump) const;
+
   wxListCtrl* fields_;
   wxTextCtrl* data_;
+  std::array<wxString, kBytesPerLine.size()> dumps_;
 };
 
 }  // namespace qvl

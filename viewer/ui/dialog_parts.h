@@ -11,6 +11,11 @@ namespace qvl {
 
 inline constexpr int kDialogTextWidth = 400;
 
+/// A text with line ends, so that no line is wider where that can be avoided; also for languages
+/// that have no blanks between words.
+/// width  in the window's pixels.
+wxString BrokenIntoLines(const wxWindow& window, const wxString& text, int width);
+
 /// A text broken into lines, so that a dialog fits on a small screen in every language.
 /// width  in pixels of a screen with 96 dots per inch.
 wxStaticText* WrappedText(wxWindow& dialog, StringId text, int width = kDialogTextWidth);

@@ -19,6 +19,9 @@ class CEventViewerApp : public wxApp {
 
   bool OnInit() override;
 
+  /// Memory that runs out is told, and the window stays; any other exception ends the program.
+  bool OnExceptionInMainLoop() override;
+
   /// A mistake in using the toolkit is told on standard error and never to the user.
   void OnAssertFailure(const wxChar* file, int line, const wxChar* function,
                        const wxChar* condition, const wxChar* message) override;

@@ -2,28 +2,75 @@
 
 #include <wx/clipbrd.h>
 #include <wx/display.h>
+#include <wx/evtloop.h>
+#include <wx/log.h>
+#include <wx/textentry.h>
+#include <wx/utils.h>
 
 #include <algorithm>
 
 #include "texts/filled_text.h"
 #include "viewer/model/start_up.h"
 #include "viewer/ui/about_dialog.h"
-#include "viewer/ui/help.h"
 #include "viewer/ui/window_placement.h"
 #include "viewer/ui/wx_text.h"
 
 namespace qvl {
+namespace {
+
+// In a field the key copies what is selected there, as users know it.
+bool CopyFromField() {
+  auto* const field = dynamic_cast<wxTextEntry*>(wxWindow::FindFocus());
+  if (field == nullptr || !field->CanCopy()) return false;
+  field->Copy();
+  return true;
+}
+
+std::optional<std::size_t> PlaceInFocusOrder(const std::vector<wxWindow*>& order) {
+  auto* const focus = wxWindow::FindFocus();
+  const auto here = std::find_if(order.begin(), order.end(), [focus](const wxWindow* control) {
+    return focus != nullptr && control->IsDescendant(focus);
+  });
+  if (here == order.end()) return std::nullopt;
+  return static_cast<std::size_t>(here - order.begin());
+}
+
+// Who has the clipboard may be asking this program for what it put there last: looking for events
+// answers that, and handles none of them.
+void WaitForOthers(unsigned milliseconds) {
+  wxMilliSleep(milliseconds);
+  wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
+  if (loop != nullptr) static_cast<void>(loop->Pending());
+}
+
+// Flushed, so that the text can still be pasted when the program has ended.
+bool PutOnClipboard(const wxString& text) {
+  const wxLogNull silence;  // the user is told once and in the program's words
+  const wxClipboardLocker clipboard;
+  if (!clipboard || !wxTheClipboard->SetData(new wxTextDataObject(text))) return false;
+  wxTheClipboard->Flush();
+  return true;
+}
+
+}  // namespace
 
 void CEventViewerFrame::Begin() {
   NotePlace();
   view_->Create();
   model_->Start();
   model_->OnShow();
-  list_->SetFocus();
+  list_->TakeFocus();
+}
+
+// A window that had to close while something ran closes when that has ended.
+void CEventViewerFrame::Run(const std::function<void()>& operation) {
+  operation();
+  if (closesAfterwards_ && !model_->isOperating()) Close(true);
 }
 
 void CEventViewerFrame::Execute(Command command) {
-  if (!work_.isRunning()) model_->Execute(command);
+  if (command == Command::kCopy && CopyFromField()) return;
+  Run([this, command] { model_->Execute(command); });
 }
 
 void CEventViewerFrame::OpenArgument(const std::string& argument) {
@@ -31,37 +78,40 @@ void CEventViewerFrame::OpenArgument(const std::string& argument) {
 }
 
 void CEventViewerFrame::OpenFile(const std::string& path) {
-  if (!work_.isRunning()) model_->OpenLogFile(path);
+  Run([this, &path] { model_->OpenLogFile(path); });
 }
 
-void CEventViewerFrame::OpenRecentFile(int id) {
-  const auto index = static_cast<std::size_t>(id - wxID_FILE1);
-  if (work_.isRunning() || index >= recentFiles_.paths().size()) return;
-  const std::string path = recentFiles_.paths()[index];
-  if (model_->OpenLogFile(path)) return;
-  recentFiles_.Remove(path);
-  menu_.ShowRecentFiles(recentFiles_.paths());
-}
-
-// Tab is no key of a menu, and some lists take Ctrl+M for Enter: so these come first.
+// Tab is no key of a menu, and some lists take Ctrl+M for Enter: so these come first. Keys of the
+// preview and the help come here, too, and mean nothing to this window.
 void CEventViewerFrame::OnCharHook(wxKeyEvent& event) {
+  auto* const window = dynamic_cast<wxWindow*>(event.GetEventObject());
   Command command = Command::kExit;
-  if (!keys_.Find(event, command)) {
+  if (window == nullptr || wxGetTopLevelParent(window) != this || !keys_.Find(event, command)) {
     event.Skip();
-  } else if (command == Command::kNextControl || command == Command::kPreviousControl) {
-    if (!MoveFocus(command == Command::kNextControl)) event.Skip();
+    return;
+  }
+  const bool moves = command == Command::kNextControl || command == Command::kPreviousControl;
+  if (moves && !PlaceInFocusOrder(FocusOrder())) {
+    event.Skip();
   } else {
     Execute(command);
   }
 }
 
+// What runs stands on the stack below this window's end, so it ends first.
 void CEventViewerFrame::OnClose(wxCloseEvent& event) {
-  if (work_.isRunning() && event.CanVeto()) {
-    event.Veto();
+  if (!model_->isOperating()) {
+    model_->Stop();
+    Destroy();
     return;
   }
-  model_->Stop();
-  Destroy();
+  progress_.RequestCancel();
+  if (event.CanVeto()) {
+    event.Veto();
+  } else {
+    Remember();
+    closesAfterwards_ = true;
+  }
 }
 
 // Thousands of rows can change at once; what they change is shown once.
@@ -112,17 +162,23 @@ void CEventViewerFrame::UpdateDetails() {
   if (splitter_->IsSplit()) details_->ShowEntry(view_->FocusedEntry());
 }
 
-void CEventViewerFrame::NoteRecentFile(const std::string& path) {
-  recentFiles_.Add(path);
-  menu_.ShowRecentFiles(recentFiles_.paths());
+void CEventViewerFrame::ShowRecentFiles(const std::vector<std::string>& paths) {
+  menu_.ShowRecentFiles(paths);
 }
 
-// Flushed, so that the text can still be pasted when the program has ended.
+void CEventViewerFrame::ShowSearchAnswer(const std::string& answer) {
+  findBar_->ShowAnswer(answer);
+}
+
+// Programs that look at every copy keep the clipboard for themselves for a moment.
 void CEventViewerFrame::CopyToClipboard(const std::string& text) {
-  const wxClipboardLocker clipboard;
-  if (!clipboard) return;
-  wxTheClipboard->SetData(new wxTextDataObject(ToWx(text)));
-  wxTheClipboard->Flush();
+  constexpr int kAttempts = 20;
+  constexpr unsigned kMillisecondsBetween = 50;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    if (attempt > 0) WaitForOthers(kMillisecondsBetween);
+    if (PutOnClipboard(ToWx(text))) return;
+  }
+  ShowResourceMessage(messages_, StringId::kCopyFailed);
 }
 
 void CEventViewerFrame::DoCommand(Command command) {
@@ -174,9 +230,12 @@ void CEventViewerFrame::ShowFindBar(bool shown) {
 
 void CEventViewerFrame::ShowDetails(bool shown) {
   if (shown && !splitter_->IsSplit()) {
-    splitter_->SplitHorizontally(list_, details_, splitter_->GetSashPosition());
-  } else if (!shown) {
+    splitter_->SplitHorizontally(list_, details_, -detailsHeight_);
+  } else if (!shown && splitter_->IsSplit()) {
+    wxWindow* const focus = wxWindow::FindFocus();
+    detailsHeight_ = details_->GetSize().y;
     splitter_->Unsplit(details_);
+    if (focus != nullptr && details_->IsDescendant(focus)) list_->TakeFocus();
   }
   menu_.Check(Command::kDetails, splitter_->IsSplit());
   UpdateDetails();
@@ -188,15 +247,16 @@ void CEventViewerFrame::ShowPreview() {
   const bool shown = printing_.Preview(this, document_->list(), model_->LogName(), [this, caption] {
     ShowBar(*machineBar_, true);
     SetCaption(caption);
+    model_->SetPreviewShown(false);
   });
-  if (shown) ShowBar(*machineBar_, false);
+  if (!shown) return;
+  ShowBar(*machineBar_, false);
+  model_->SetPreviewShown(true);
 }
 
 void CEventViewerFrame::ShowHelp() {
-  help_ = OpenHelp();
-  if (!help_) {
-    ShowTextMessage(messages_, FilledText(StringId::kHelpMissing, {HelpFilePath()}));
-  }
+  if (help_.Show()) return;
+  ShowTextMessage(messages_, FilledText(StringId::kHelpMissing, {HelpFilePath()}));
 }
 
 std::vector<wxWindow*> CEventViewerFrame::FocusOrder() const {
@@ -209,17 +269,12 @@ std::vector<wxWindow*> CEventViewerFrame::FocusOrder() const {
 }
 
 // Between the box, its buttons and the list; elsewhere the toolkit knows the way.
-bool CEventViewerFrame::MoveFocus(bool forward) {
-  const wxWindow* const focus = wxWindow::FindFocus();
+void CEventViewerFrame::MoveFocus(bool forward) {
   const std::vector<wxWindow*> order = FocusOrder();
-  const auto here = std::find_if(order.begin(), order.end(), [focus](const wxWindow* control) {
-    return focus != nullptr && control->IsDescendant(const_cast<wxWindow*>(focus));
-  });
-  if (here == order.end()) return false;
-  const auto place = static_cast<std::size_t>(here - order.begin());
+  const std::optional<std::size_t> place = PlaceInFocusOrder(order);
+  if (!place) return;
   const std::size_t step = forward ? 1 : order.size() - 1;
-  order[(place + step) % order.size()]->SetFocus();
-  return true;
+  order[(*place + step) % order.size()]->SetFocus();
 }
 
 WindowPlacement CEventViewerFrame::GetPlacement() const {

@@ -2,9 +2,9 @@
 #define QVL_VIEWER_UI_EVENT_VIEWER_FRAME_H_
 
 #include <wx/frame.h>
-#include <wx/help.h>
 #include <wx/splitter.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,12 +17,12 @@
 #include "viewer/ui/find_bar.h"
 #include "viewer/ui/frame_menu.h"
 #include "viewer/ui/front_window.h"
+#include "viewer/ui/help.h"
 #include "viewer/ui/histogram_strip.h"
 #include "viewer/ui/list_printing.h"
 #include "viewer/ui/machine_bar.h"
 #include "viewer/ui/own_dialogs.h"
 #include "viewer/ui/path_dialogs.h"
-#include "viewer/ui/recent_files.h"
 #include "viewer/ui/system_clock.h"
 #include "viewer/ui/threaded_work.h"
 #include "viewer/ui/working_window.h"
@@ -43,10 +43,16 @@ class CEventViewerFrame : public wxFrame, public MainWindow {
   /// A path, or a "file:" URI: from the command line, the shell or a drop.
   void OpenArgument(const std::string& argument);
 
+  /// True while something that the user started has not ended.
+  bool isOperating() const { return model_->isOperating(); }
+  /// Keeps what the next run begins with; the window may not live to be closed.
+  void Remember() { model_->Remember(); }
+
   std::string GetCaption() const override;
   void SetCaption(const std::string& caption) override;
   void UpdateControls() override;
-  void NoteRecentFile(const std::string& path) override;
+  void ShowRecentFiles(const std::vector<std::string>& paths) override;
+  void ShowSearchAnswer(const std::string& answer) override;
   void CopyToClipboard(const std::string& text) override;
   void DoCommand(Command command) override;
   WindowPlacement GetPlacement() const override;
@@ -61,9 +67,9 @@ class CEventViewerFrame : public wxFrame, public MainWindow {
   void BindListEvents();
   wxWindow* NewSplitter(wxWindow* parent);
 
+  void Run(const std::function<void()>& operation);
   void Execute(Command command);
   void OpenFile(const std::string& path);
-  void OpenRecentFile(int id);
   void OnCharHook(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
   void UpdateSoon();
@@ -77,7 +83,7 @@ class CEventViewerFrame : public wxFrame, public MainWindow {
   void ShowHelp();
   void UpdateDetails();
   std::vector<wxWindow*> FocusOrder() const;
-  bool MoveFocus(bool forward);
+  void MoveFocus(bool forward);
 
   MachineBar* machineBar_ = nullptr;
   FindBar* findBar_ = nullptr;
@@ -85,13 +91,14 @@ class CEventViewerFrame : public wxFrame, public MainWindow {
   wxSplitterWindow* splitter_ = nullptr;
   CEventViewerView* list_ = nullptr;
   DetailsPane* details_ = nullptr;
+  int detailsHeight_ = 0;
   FrameMenu menu_;
   FrameKeys keys_;
-  RecentFiles recentFiles_;
   ListPrinting printing_;
-  std::unique_ptr<wxHelpControllerBase> help_;
+  Help help_;
   wxRect lastNormal_;
   bool updatePending_ = false;
+  bool closesAfterwards_ = false;
 
   SystemClock clock_;
   MessageBoxes messages_;

@@ -48,10 +48,10 @@ wxIconBundle ProgramIcons() {
 CEventViewerFrame::CEventViewerFrame(Settings& settings)
     : wxFrame(nullptr, wxID_ANY, TextOf(StringId::kApplicationTitle), wxDefaultPosition,
               wxSize(kInitialWidth, kInitialHeight)),
-      recentFiles_(settings),
       progress_(this),
       work_([this] { return progress_.window(); }),
-      dialogs_(this, messages_, [this](Command command) { model_->Execute(command); }) {
+      dialogs_(this, messages_,
+               [this](Command command) { model_->ExecuteBeforeClearing(command); }) {
   SetIcons(ProgramIcons());
   CreateControls();
   CreateModel(settings);
@@ -59,32 +59,34 @@ CEventViewerFrame::CEventViewerFrame(Settings& settings)
   BindListEvents();
 }
 
+// The list outlives what its handlers use, and tells as it goes that no row is selected any more.
 CEventViewerFrame::~CEventViewerFrame() {
   list_->SetModel(nullptr);
+  list_->SetEvtHandlerEnabled(false);
+  SetEvtHandlerEnabled(false);
 }
 
 void CEventViewerFrame::CreateControls() {
   SetMenuBar(menu_.bar());
-  menu_.ShowRecentFiles(recentFiles_.paths());
   CreateStatusBar(2);
   SetStatusBarPane(-1);  // the counts stay while a menu is open
 
   auto* const panel = new wxPanel(this);
-  machineBar_ = new MachineBar(panel, {.choose =
-                                           [this] {
-                                             if (!work_.isRunning())
-                                               model_->ChooseMachine(machineBar_->Text());
-                                           },
+  const auto choose = [this] { Run([this] { model_->ChooseMachine(machineBar_->Text()); }); };
+  machineBar_ = new MachineBar(panel, {.choose = choose,
                                        .browse = [this] { Execute(Command::kBrowse); },
                                        .refresh = [this] { Execute(Command::kRefresh); }});
-  findBar_ = new FindBar(
-      panel, {.typed = [this](const std::string& text) { return view_->FindTyped(text); },
-              .execute = [this](Command command) { Execute(command); },
-              .close = [this] { ShowFindBar(false); }});
+  findBar_ =
+      new FindBar(panel, {.typed = [this](const std::string& text) { model_->FindTyped(text); },
+                          .execute = [this](Command command) { Execute(command); },
+                          .close = [this] { ShowFindBar(false); }});
   histogram_ = new HistogramStrip(
       panel,
       {.count = [this](std::size_t largestBuckets) { return view_->Histogram(largestBuckets); },
-       .choose = [this](const TimeRange& range) { model_->FilterByTime(range); }});
+       .choose =
+           [this](const TimeRange& range) {
+             Run([this, &range] { model_->FilterByTime(range); });
+           }});
   auto* const column = new wxBoxSizer(wxVERTICAL);
   column->Add(machineBar_, wxSizerFlags().Expand());
   column->Add(findBar_, wxSizerFlags().Expand());
@@ -105,7 +107,7 @@ wxWindow* CEventViewerFrame::NewSplitter(wxWindow* parent) {
   details_ = new DetailsPane(splitter_);
   details_->Hide();
   splitter_->Initialize(list_);
-  splitter_->SetSashPosition(-FromDIP(kDetailsHeight));
+  detailsHeight_ = FromDIP(kDetailsHeight);
   return splitter_;
 }
 
@@ -139,8 +141,15 @@ void CEventViewerFrame::BindFrameEvents() {
       wxEVT_MENU, [this](wxCommandEvent& event) { Execute(CommandOf(event.GetId())); },
       FirstCommandId(), LastCommandId());
   Bind(
-      wxEVT_MENU, [this](wxCommandEvent& event) { OpenRecentFile(event.GetId()); }, wxID_FILE1,
-      wxID_FILE9);
+      wxEVT_MENU,
+      [this](wxCommandEvent& event) {
+        const auto index = static_cast<std::size_t>(event.GetId() - wxID_FILE1);
+        Run([this, index] { model_->OpenRecentFile(index); });
+      },
+      wxID_FILE1, wxID_FILE9);
+  Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+    if (model_->ContinueSearch()) event.RequestMore();
+  });
   SetAcceleratorTable(AltKeys());
   Bind(wxEVT_CHAR_HOOK, &CEventViewerFrame::OnCharHook, this);
   Bind(wxEVT_CLOSE_WINDOW, &CEventViewerFrame::OnClose, this);
@@ -163,7 +172,8 @@ void CEventViewerFrame::BindListEvents() {
   list_->Bind(wxEVT_LIST_ITEM_FOCUSED, changed);
   list_->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { ShowDetails(true); });
   list_->Bind(wxEVT_LIST_COL_CLICK, [this](wxListEvent& event) {
-    if (event.GetColumn() >= 0) view_->OnHeaderClick(static_cast<Column>(event.GetColumn()));
+    if (event.GetColumn() >= 0) model_->ClickHeader(static_cast<Column>(event.GetColumn()));
+    list_->Update();  // at once, and not with the next frame of the screen
   });
   list_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { OnContextMenu(); });
 }

@@ -1,6 +1,10 @@
 #include "viewer/ui/event_viewer_view.h"
 
+#include <wx/scrolwin.h>
+#include <wx/toplevel.h>
+
 #include <algorithm>
+#include <cstdlib>
 
 #include "viewer/model/list_texts.h"
 #include "viewer/ui/accessible_name.h"
@@ -9,6 +13,9 @@
 
 namespace qvl {
 namespace {
+
+constexpr int kGripOfColumn = 3;
+constexpr const char* kNameOfDrawnHeader = "wxlistctrlcolumntitles";
 
 class QuietList {
  public:
@@ -35,18 +42,63 @@ CEventViewerView::CEventViewerView(wxWindow* parent)
                  wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_THEME) {
   SetSmallImages(ListPictures());
   SetAccessibleName(*this, TextOf(StringId::kListName));
+  KeepScrollBarsBesideRows(*this);
+  wxGetTopLevelParent(this)->Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+    event.Skip();
+    if (event.GetActive() && wantsFocus_) CallAfter([this] { TakeFocus(); });
+  });
+  BindHeader();
+}
+
+// The header that the toolkit draws itself takes the second press of a double click for nothing.
+void CEventViewerView::BindHeader() {
+  for (wxWindow* const child : GetChildren()) {
+    if (child->GetName() != kNameOfDrawnHeader) continue;
+    child->Bind(wxEVT_LEFT_DCLICK, [this, child](wxMouseEvent& event) {
+      event.Skip();
+      if (IsBetweenColumns(event.GetX())) {  // fits the column to its texts, which are whole then
+        wantsWholeTexts_ = true;
+        CallAfter([this] { wantsWholeTexts_ = false; });
+        return;
+      }
+      wxMouseEvent press(event);
+      press.SetEventType(wxEVT_LEFT_DOWN);
+      child->HandleWindowEvent(press);
+    });
+  }
+}
+
+bool CEventViewerView::IsBetweenColumns(int x) {
+  auto* const scrolled = dynamic_cast<wxScrollHelper*>(static_cast<wxWindow*>(this));
+  if (scrolled != nullptr) x = scrolled->CalcUnscrolledPosition(wxPoint(x, 0)).x;
+  int end = 0;
+  for (int column = 0; column < GetColumnCount(); ++column) {
+    end += GetColumnWidth(column);
+    if (std::abs(x - end) < kGripOfColumn) return true;
+  }
+  return false;
+}
+
+// The toolkit believes that a control has the focus which was set in a window without the keyboard,
+// or in a disabled control, and does not set it again.
+void CEventViewerView::TakeFocus() {
+  auto* const window = dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(this));
+  wantsFocus_ = window == nullptr || !window->IsActive();
+  if (!wantsFocus_ && IsEnabled()) SetFocus();
 }
 
 wxString CEventViewerView::OnGetItemText(long row, long column) const {
   const std::size_t index = RowOf(row);
   if (model_ == nullptr || index >= model_->rowCount()) return {};
-  return ToWx(CellText(*model_, index, static_cast<Column>(column)));
+  const wxString text = ToWx(CellText(*model_, index, static_cast<Column>(column)));
+  if (wantsWholeTexts_) return text;
+  return fitting_.Shorten(text, static_cast<int>(column));
 }
 
 int CEventViewerView::OnGetItemImage(long row) const {
   const std::size_t index = RowOf(row);
   if (model_ == nullptr || index >= model_->rowCount()) return -1;
-  return model_->Cell(index, 0).image;
+  return model_->EntryAt(index).GetSeverityImage();
 }
 
 // The control is made in report mode: the toolkit would build it anew otherwise.
@@ -75,7 +127,7 @@ void ListAdapter::ShowSortArrow(Column column, bool ascending) {
 void ListAdapter::SetEnabled(bool enabled) {
   if (enabled == list_.IsThisEnabled()) return;
   list_.Enable(enabled);
-  if (enabled) list_.SetFocus();
+  if (enabled) list_.TakeFocus();
 }
 
 void ListAdapter::SelectAllRows(bool selected) {
@@ -135,7 +187,7 @@ void ListAdapter::FocusRow(std::size_t row) {
 
 void ListAdapter::ScrollToTop(std::size_t row) {
   const std::size_t rows = RowCount();
-  if (rows == 0) return;
+  if (rows == 0 || TopRow() == row) return;
   const auto page = static_cast<std::size_t>(std::max(1, list_.GetCountPerPage()));
   list_.EnsureVisible(static_cast<long>(std::min(row + page, rows) - 1));
   list_.EnsureVisible(static_cast<long>(std::min(row, rows - 1)));
@@ -162,11 +214,6 @@ std::size_t ListAdapter::FocusedRow() const {
 
 std::size_t ListAdapter::TopRow() const {
   return RowCount() == 0 ? 0 : static_cast<std::size_t>(std::max(0L, list_.GetTopItem()));
-}
-
-std::size_t ListAdapter::RowAt(int x, int y) const {
-  int flags = 0;
-  return RowOf(list_.HitTest(wxPoint(x, y), flags));
 }
 
 }  // namespace qvl

@@ -8,6 +8,7 @@
 
 #include "viewer/model/list_control.h"
 #include "viewer/model/list_model.h"
+#include "viewer/ui/list_painting.h"
 
 namespace qvl {
 
@@ -24,13 +25,22 @@ class CEventViewerView : public wxListCtrl {
   bool isQuiet() const { return isQuiet_; }
   void SetQuiet(bool quiet) { isQuiet_ = quiet; }
 
+  /// Takes the keyboard; where the window does not have it, as soon as it has.
+  void TakeFocus();
+
  protected:
   wxString OnGetItemText(long row, long column) const override;
   int OnGetItemImage(long row) const override;
 
  private:
+  void BindHeader();
+  bool IsBetweenColumns(int x);
+
   const ListModel* model_ = nullptr;
+  FittingText fitting_{*this};
+  bool wantsWholeTexts_ = false;
   bool isQuiet_ = false;
+  bool wantsFocus_ = false;
 };
 
 /// The model's hold on the list.
@@ -63,7 +73,6 @@ class ListAdapter : public ListControl {
   std::size_t NextSelectedRow(std::size_t row) const override;
   std::size_t FocusedRow() const override;
   std::size_t TopRow() const override;
-  std::size_t RowAt(int x, int y) const override;
 
  private:
   void SelectAllRows(bool selected);

@@ -2,10 +2,10 @@
 
 #include <wx/button.h>
 #include <wx/sizer.h>
+#include <wx/utils.h>
 
 #include <utility>
 
-#include "texts/filled_text.h"
 #include "viewer/ui/accessible_name.h"
 #include "viewer/ui/wx_text.h"
 
@@ -33,9 +33,13 @@ FindBar::FindBar(wxWindow* parent, Handlers handlers)
   row->Add(answer_, wxSizerFlags(flags).Proportion(1));
   SetSizer(row);
 
-  field_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { OnTyped(); });
+  field_->Bind(wxEVT_TEXT,
+               [this](wxCommandEvent&) { handlers_.typed(FromWx(field_->GetValue())); });
   const auto findNext = [this](wxCommandEvent&) { handlers_.execute(Command::kFindNext); };
-  field_->Bind(wxEVT_TEXT_ENTER, findNext);
+  field_->Bind(wxEVT_TEXT_ENTER, [findNext](wxCommandEvent& event) {
+    // With Alt it is the key of the details.
+    wxGetKeyState(WXK_ALT) ? event.Skip() : findNext(event);
+  });
   next->Bind(wxEVT_BUTTON, findNext);
   previous->Bind(wxEVT_BUTTON,
                  [this](wxCommandEvent&) { handlers_.execute(Command::kFindPrevious); });
@@ -54,10 +58,8 @@ void FindBar::Begin() {
   field_->SelectAll();
 }
 
-void FindBar::OnTyped() {
-  const std::string text = FromWx(field_->GetValue());
-  const bool found = handlers_.typed(text) || text.empty();
-  answer_->SetLabelText(found ? wxString() : ToWx(FilledText(StringId::kNotFound, {text})));
+void FindBar::ShowAnswer(const std::string& answer) {
+  answer_->SetLabelText(ToWx(answer));
 }
 
 }  // namespace qvl

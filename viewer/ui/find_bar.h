@@ -16,19 +16,18 @@ namespace qvl {
 class FindBar : public wxPanel {
  public:
   struct Handlers {
-    std::function<bool(const std::string&)> typed;  ///< false when no entry holds the text
+    std::function<void(const std::string&)> typed;
     std::function<void(Command)> execute;
     std::function<void()> close;
   };
   FindBar(wxWindow* parent, Handlers handlers);
 
-  wxWindow* field() const { return field_; }
   /// Shows what is typed already, selected, ready to be typed over.
   void Begin();
+  /// What is known of the typed text; empty for nothing.
+  void ShowAnswer(const std::string& answer);
 
  private:
-  void OnTyped();
-
   Handlers handlers_;
   wxTextCtrl* field_;
   wxStaticText* answer_;

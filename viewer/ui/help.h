@@ -12,9 +12,15 @@ namespace qvl {
 /// Windows, a book of the toolkit's help window elsewhere.
 std::string HelpFilePath();
 
-/// Opens the help's window. Null when the file cannot be opened; the window lives as long as what
-/// is returned.
-std::unique_ptr<wxHelpControllerBase> OpenHelp();
+/// The help and its window, which closes with it.
+class Help {
+ public:
+  /// Opens the window, or brings it to the front. False when the file cannot be opened.
+  bool Show();
+
+ private:
+  std::unique_ptr<wxHelpControllerBase> controller_;
+};
 
 }  // namespace qvl
 

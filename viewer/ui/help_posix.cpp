@@ -7,23 +7,34 @@
 #include "viewer/ui/wx_text.h"
 
 namespace qvl {
+namespace {
+
+// One book only, so its chapters stand at the top. Bookmarks would be lost with the window.
+constexpr int kParts =
+    wxHF_TOOLBAR | wxHF_CONTENTS | wxHF_INDEX | wxHF_SEARCH | wxHF_PRINT | wxHF_MERGE_BOOKS;
+
+void ReadArchives() {
+  if (!wxFileSystem::HasHandlerForPath("book.htb#zip:page.html")) {
+    wxFileSystem::AddHandler(new wxZipFSHandler);
+  }
+}
+
+}  // namespace
 
 std::string HelpFilePath() {
   return PathOfProgramPart("zlkqvxv.htb");
 }
 
-std::unique_ptr<wxHelpControllerBase> OpenHelp() {
-  const wxString path = PathToWx(HelpFilePath());
-  if (!wxFileName::FileExists(path)) return nullptr;
-  static const bool archivesAreRead = [] {
-    wxFileSystem::AddHandler(new wxZipFSHandler);
-    return true;
-  }();
-  auto help = std::make_unique<wxHtmlHelpController>();
-  if (!archivesAreRead || !help->AddBook(wxFileName(path)) || !help->DisplayContents()) {
-    return nullptr;
+bool Help::Show() {
+  if (!controller_) {
+    const wxString path = PathToWx(HelpFilePath());
+    if (!wxFileName::FileExists(path)) return false;
+    ReadArchives();
+    auto controller = std::make_unique<wxHtmlHelpController>(kParts);
+    if (!controller->AddBook(wxFileName(path))) return false;
+    controller_ = std::move(controller);
   }
-  return help;
+  return controller_->DisplayContents();
 }
 
 }  // namespace qvl

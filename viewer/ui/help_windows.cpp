@@ -13,12 +13,12 @@ std::string HelpFilePath() {
   return FromWx(path + "chm");
 }
 
-std::unique_ptr<wxHelpControllerBase> OpenHelp() {
+bool Help::Show() {
   const wxString path = ToWx(HelpFilePath());
-  if (!wxFileName::FileExists(path)) return nullptr;
-  auto help = std::make_unique<wxCHMHelpController>();
-  if (!help->Initialize(path) || !help->DisplayContents()) return nullptr;
-  return help;
+  // Looked for every time: the system shows an empty window for a file that has gone.
+  if (!wxFileName::FileExists(path)) return false;
+  if (!controller_) controller_ = std::make_unique<wxCHMHelpController>();
+  return controller_->Initialize(path) && controller_->DisplayContents();
 }
 
 }  // namespace qvl

@@ -1,23 +1,79 @@
 #include "viewer/ui/list_printing.h"
 
+#include <wx/choice.h>
+#include <wx/dcmemory.h>
 #include <wx/prntbase.h>
+#include <wx/textctrl.h>
 
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <memory>
 #include <utility>
 #include <vector>
 
+#include "files/unicode_text.h"
 #include "texts/filled_text.h"
 #include "viewer/model/page_printout.h"
+#include "viewer/ui/accessible_name.h"
 #include "viewer/ui/front_window.h"
 #include "viewer/ui/wx_text.h"
 
 namespace qvl {
 namespace {
 
-constexpr int kFontPoints = 10;
+// The units of batch mode's pages. Fine enough that what is rounded to them does not add up, and
+// the same for preview and printer, so that both break their pages at the same entry.
+constexpr int kUnitsPerInch = 600;
+constexpr double kPointsPerInch = 72;
+constexpr double kFontPoints = 10;
+// What most printers cannot reach, for systems that do not say it.
+constexpr int kUnreachedEdge = kUnitsPerInch / 4;
 
-wxFont PrinterFont() {
-  return wxFont(wxFontInfo(kFontPoints).Family(wxFONTFAMILY_TELETYPE));
+wxFont PrinterFont(double points) {
+  return wxFont(wxFontInfo(points).Family(wxFONTFAMILY_TELETYPE));
+}
+
+// Of the font in the printout's units; measured large, since small letters are fitted to pixels.
+PrinterMetrics MeasuredFont() {
+  constexpr int kCharacters = 10;
+  constexpr double kPoints = 200;
+  wxBitmap bitmap(1, 1);
+  wxMemoryDC dc(bitmap);
+  dc.SetFont(PrinterFont(kPoints));
+  wxCoord width = 0;
+  wxCoord height = 0;
+  wxCoord leading = 0;
+  dc.GetTextExtent(wxString('0', kCharacters), &width, &height, nullptr, &leading);
+  const double scale = (kFontPoints * kUnitsPerInch) / (kPoints * dc.GetPPI().y);
+  const auto units = [scale](double pixels) { return static_cast<int>(std::ceil(pixels * scale)); };
+  return {.fontHeight = std::max(1, units(height)),
+          .externalLeading = units(leading),
+          .averageCharacterWidth = std::max(1, units(static_cast<double>(width) / kCharacters))};
+}
+
+constexpr int kSampleLength = 100;
+
+// The size in points with which the characters of a device are as wide as the layout has them:
+// devices differ in what they take a point for. Returns the width of a sample line.
+int SetFittedFont(wxDC& dc, int characterWidth) {
+  const wxString sample('0', kSampleLength);
+  double points = kFontPoints * kUnitsPerInch / kPointsPerInch;
+  dc.SetFont(PrinterFont(points));
+  points *=
+      static_cast<double>(characterWidth * kSampleLength) / std::max(1, dc.GetTextExtent(sample).x);
+  dc.SetFont(PrinterFont(points));
+  return dc.GetTextExtent(sample).x;
+}
+
+// A preview's letters are fitted to its pixels, which adds up over a line: each gets its place.
+void DrawSpaced(wxDC& dc, const wxString& text, const wxPoint& place, int characterWidth) {
+  int x = place.x;
+  for (const wxUniChar character : text) {
+    const wxString letter(character);
+    if (character != ' ') dc.DrawText(letter, x, place.y);
+    x += characterWidth * static_cast<int>(TextColumns(FromWx(letter)));
+  }
 }
 
 class PreviewFrame : public wxPreviewFrame {
@@ -35,6 +91,22 @@ class PreviewFrame : public wxPreviewFrame {
   std::function<void()> closed_;
 };
 
+// The toolkit shows what its buttons are for when the pointer rests on them, and no more.
+void NameControls(wxPreviewControlBar& bar) {
+  for (wxWindow* const control : bar.GetChildren()) {
+    wxString name = control->GetToolTipText();
+    if (wxDynamicCast(control, wxTextCtrl) != nullptr) {
+      name = TextOf(StringId::kPreviewPageNumber);
+    } else if (wxDynamicCast(control, wxChoice) != nullptr) {
+      name = TextOf(StringId::kPreviewZoom);
+    }
+    if (!name.empty()) SetAccessibleName(*control, name);
+  }
+  // Some systems give this button their own label, in whichever language they have it.
+  wxWindow* const close = bar.FindWindow(wxID_PREVIEW_CLOSE);
+  if (close != nullptr) close->SetLabel(TextOf(StringId::kClose));
+}
+
 void TellFailure() {
   MessageBoxes messages;
   std::string text = FilledText(StringId::kPrintFailed, {""});
@@ -47,25 +119,28 @@ void TellFailure() {
 ListPrintout::ListPrintout(const ListModel& list, std::string logName)
     : wxPrintout(TextOf(StringId::kPrintTitle)), list_(list), logName_(std::move(logName)) {}
 
-// Units as large as the screen's, so that the preview breaks its pages where the printer does.
-void ListPrintout::PrepareDC() {
-  MapScreenSizeToPage();
-  GetDC()->SetFont(PrinterFont());
+// What the printer can reach, in the printout's units.
+wxRect ListPrintout::FitUnitsToPage() {
+  int width = 0;
+  int height = 0;
+  int horizontal = 0;
+  int vertical = 0;
+  GetPageSizePixels(&width, &height);
+  GetPPIPrinter(&horizontal, &vertical);
+  wxRect area(0, 0, width * kUnitsPerInch / std::max(1, horizontal),
+              height * kUnitsPerInch / std::max(1, vertical));
+  FitThisSizeToPage(area.GetSize());
+  if (GetPaperRectPixels().GetSize() == wxSize(width, height)) area.Deflate(kUnreachedEdge);
+  return area;
 }
 
 void ListPrintout::OnPreparePrinting() {
-  PrepareDC();
-  wxDC& dc = *GetDC();
-  const wxRect page = GetLogicalPageRect();
-  wxCoord width = 0;
-  wxCoord height = 0;
-  wxCoord leading = 0;
-  dc.GetTextExtent("0000000000", &width, &height, nullptr, &leading);
-  layout_.emplace(PrinterMetrics{.horizontalResolution = page.width,
-                                 .verticalResolution = page.height,
-                                 .fontHeight = height,
-                                 .externalLeading = leading,
-                                 .averageCharacterWidth = std::max(1, (width + 9) / 10)});
+  const wxRect area = FitUnitsToPage();
+  PrinterMetrics metrics = MeasuredFont();
+  metrics.horizontalResolution = area.width;
+  metrics.verticalResolution = area.height;
+  characterWidth_ = metrics.averageCharacterWidth;
+  layout_.emplace(metrics);
   pages_ = PrintoutPageCount(*layout_, list_);
 }
 
@@ -80,13 +155,20 @@ void ListPrintout::GetPageInfo(int* first, int* last, int* fromPage, int* toPage
 
 bool ListPrintout::OnPrintPage(int page) {
   if (!layout_) return false;
-  PrepareDC();
+  const wxRect area = FitUnitsToPage();
   wxDC& dc = *GetDC();
-  const wxRect area = GetLogicalPageRect();
+  const int wanted = characterWidth_ * kSampleLength;
+  const bool isEven = std::abs(SetFittedFont(dc, characterWidth_) - wanted) <= characterWidth_;
   dc.SetTextForeground(*wxBLACK);
   int line = 0;
-  for (const std::string& text : PrintoutPage(*layout_, list_, logName_, page)) {
-    dc.DrawText(ToWx(text), area.x + kPageMargin, area.y + layout_->LineTop(line++));
+  for (const std::string& bytes : PrintoutPage(*layout_, list_, logName_, page)) {
+    const wxString text = ToWx(bytes);
+    const wxPoint place(area.x + kPageMargin, area.y + layout_->LineTop(line++));
+    if (isEven) {
+      dc.DrawText(text, place);
+    } else {
+      DrawSpaced(dc, text, place, characterWidth_);
+    }
   }
   return true;
 }
@@ -95,7 +177,10 @@ void ListPrinting::Print(wxWindow* owner, const ListModel& list, const std::stri
   wxPrintDialogData data(printData_);
   wxPrinter printer(&data);
   ListPrintout printout(list, logName);
-  if (printer.Print(owner, &printout, true)) {
+  wxWindow* const focus = wxWindow::FindFocus();
+  const bool printed = printer.Print(owner, &printout, true);
+  if (focus != nullptr) focus->SetFocus();  // the toolkit leaves it anywhere
+  if (printed) {
     printData_ = printer.GetPrintDialogData().GetPrintData();
   } else if (wxPrinter::GetLastError() == wxPRINTER_ERROR) {
     TellFailure();
@@ -112,6 +197,7 @@ bool ListPrinting::Preview(wxFrame* owner, const ListModel& list, const std::str
   }
   auto* const frame = new PreviewFrame(preview.release(), owner, std::move(closed));
   frame->InitializeWithModality(wxPreviewFrame_AppModal);
+  NameControls(*wxDynamicCast(frame->GetControlBar(), wxPreviewControlBar));
   frame->Show();
   frame->Raise();
   return true;

@@ -26,11 +26,12 @@ class ListPrintout : public wxPrintout {
   void GetPageInfo(int* first, int* last, int* fromPage, int* toPage) override;
 
  private:
-  void PrepareDC();
+  wxRect FitUnitsToPage();
 
   const ListModel& list_;
   std::string logName_;
   std::optional<PageLayout> layout_;
+  int characterWidth_ = 1;
   int pages_ = 1;
 };
 

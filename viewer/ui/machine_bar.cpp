@@ -2,6 +2,7 @@
 
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include <wx/utils.h>
 
 #include <utility>
 
@@ -30,7 +31,10 @@ MachineBar::MachineBar(wxWindow* parent, const Handlers& handlers) : wxPanel(par
   // What a choice starts waits for a machine, so the box's own handling ends first.
   const auto choose = [this, handlers](wxCommandEvent&) { CallAfter(handlers.choose); };
   box_->Bind(wxEVT_COMBOBOX, choose);
-  box_->Bind(wxEVT_TEXT_ENTER, choose);
+  box_->Bind(wxEVT_TEXT_ENTER, [choose](wxCommandEvent& event) {
+    // With Alt it is the key of the details.
+    wxGetKeyState(WXK_ALT) ? event.Skip() : choose(event);
+  });
   browse_->Bind(wxEVT_BUTTON, [handlers](wxCommandEvent&) { handlers.browse(); });
   refresh_->Bind(wxEVT_BUTTON, [handlers](wxCommandEvent&) { handlers.refresh(); });
 }

@@ -3,23 +3,29 @@
 #include <wx/listbox.h>
 #include <wx/log.h>
 #include <wx/process.h>
+#include <wx/stopwatch.h>
+#include <wx/stream.h>
 #include <wx/timer.h>
-#include <wx/txtstrm.h>
 #include <wx/utils.h>
 
 #include <algorithm>
+#include <string>
 #include <vector>
 
+#include "viewer/model/network_search.h"
 #include "viewer/ui/accessible_name.h"
 #include "viewer/ui/dialog_parts.h"
 #include "viewer/ui/machine_browser.h"
-#include "viewer/ui/network_search.h"
 #include "viewer/ui/wx_text.h"
 
 namespace qvl {
 namespace {
 
 constexpr int kMillisecondsBetweenLooks = 100;
+constexpr long kLongestSearchMilliseconds = 20000;
+// So that whatever a network announces, the window stays answering.
+constexpr int kMostBytesALook = 16384;
+constexpr unsigned kMostMachines = 1000;
 
 /// A list that fills while the network answers.
 class MachineBrowser : public wxDialog {
@@ -33,18 +39,21 @@ class MachineBrowser : public wxDialog {
   struct Search {
     wxProcess* process;
     long pid;
-    std::string (*machineOf)(std::string_view line);
+    SearchOutput output;
   };
 
   void Start();
-  void ReadAll();
-  void Read(const Search& search);
+  void OnTimer();
+  void Read(Search& search);
+  void List(const std::vector<std::string>& machines);
   void OnEnd(wxProcessEvent& event);
+  void EndPrograms();
   void ShowState();
 
   wxListBox* machines_;
   wxStaticText* state_;
   wxTimer timer_;
+  wxStopWatch watch_;
   std::vector<Search> searches_;
 };
 
@@ -70,14 +79,20 @@ MachineBrowser::MachineBrowser(wxWindow* owner)
       wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { event.Enable(!Name().empty()); }, wxID_OK);
   machines_->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { EndModal(wxID_OK); });
   Bind(wxEVT_END_PROCESS, &MachineBrowser::OnEnd, this);
-  timer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { ReadAll(); });
+  timer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnTimer(); });
   timer_.Start(kMillisecondsBetweenLooks);
   Start();
 }
 
 MachineBrowser::~MachineBrowser() {
+  EndPrograms();
   for (const Search& search : searches_) {
     search.process->Detach();  // deletes itself when its program has ended
+  }
+}
+
+void MachineBrowser::EndPrograms() {
+  for (const Search& search : searches_) {
     wxProcess::Kill(static_cast<int>(search.pid), wxSIGTERM);
   }
 }
@@ -89,7 +104,7 @@ void MachineBrowser::Start() {
     process->Redirect();
     const long pid = wxExecute(program.command, wxEXEC_ASYNC, process);
     if (pid > 0) {
-      searches_.push_back({process, pid, program.machineOf});
+      searches_.push_back({process, pid, SearchOutput(program.machineOf)});
     } else {
       delete process;
     }
@@ -97,18 +112,30 @@ void MachineBrowser::Start() {
   ShowState();
 }
 
-void MachineBrowser::Read(const Search& search) {
-  while (search.process->IsInputAvailable()) {
-    wxTextInputStream lines(*search.process->GetInputStream(), "\n");
-    const std::string name = search.machineOf(FromWx(lines.ReadLine()));
-    if (!name.empty() && machines_->FindString(ToWx(name)) == wxNOT_FOUND) {
-      machines_->Append(ToWx(name));
-    }
+// A byte at a time: asking for more than there is would wait for it.
+void MachineBrowser::Read(Search& search) {
+  wxInputStream& stream = *search.process->GetInputStream();
+  std::string piece;
+  while (piece.size() < kMostBytesALook && search.process->IsInputAvailable()) {
+    const int byte = stream.GetC();
+    if (byte == wxEOF) break;
+    piece += static_cast<char>(byte);
+  }
+  List(search.output.Add(piece));
+}
+
+void MachineBrowser::List(const std::vector<std::string>& machines) {
+  for (const std::string& name : machines) {
+    if (machines_->GetCount() >= kMostMachines) return;
+    if (machines_->FindString(ToWx(name)) == wxNOT_FOUND) machines_->Append(ToWx(name));
   }
 }
 
-void MachineBrowser::ReadAll() {
-  for (const Search& search : searches_) Read(search);
+void MachineBrowser::OnTimer() {
+  for (Search& search : searches_) Read(search);
+  if (watch_.Time() < kLongestSearchMilliseconds) return;
+  watch_.Start();  // again, should a program not have ended by then
+  EndPrograms();
 }
 
 void MachineBrowser::OnEnd(wxProcessEvent& event) {
@@ -117,6 +144,7 @@ void MachineBrowser::OnEnd(wxProcessEvent& event) {
                    [&event](const Search& search) { return search.pid == event.GetPid(); });
   if (ended == searches_.end()) return;
   Read(*ended);
+  List(ended->output.End());
   delete ended->process;
   searches_.erase(ended);
   ShowState();
@@ -129,8 +157,7 @@ void MachineBrowser::ShowState() {
   } else if (machines_->IsEmpty()) {
     text = TextOf(StringId::kBrowserEmpty);
   }
-  state_->SetLabelText(text);
-  state_->Wrap(GetClientSize().x - FromDIP(20));
+  state_->SetLabelText(BrokenIntoLines(*state_, text, GetClientSize().x - FromDIP(20)));
 }
 
 }  // namespace

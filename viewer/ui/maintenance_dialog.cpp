@@ -3,6 +3,8 @@
 #include <wx/sizer.h>
 #include <wx/utils.h>
 
+#include <algorithm>
+
 #include "viewer/model/maintenance_note.h"
 #include "viewer/ui/accessible_name.h"
 #include "viewer/ui/dialog_parts.h"
@@ -16,7 +18,7 @@ CMaintenanceDlg::CMaintenanceDlg(wxWindow* owner, MessageWindow& messages)
       messages_(messages) {
   note_ = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(400, 110)),
                          wxTE_MULTILINE);
-  note_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { CutAtLimit(); });
+  note_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { KeepLimit(); });
   SetAccessibleName(*note_, TextOf(StringId::kNotePrompt));
   auto* const column = new wxBoxSizer(wxVERTICAL);
   const wxSizerFlags flags = wxSizerFlags().Expand().Border(wxALL, FromDIP(10));
@@ -38,12 +40,19 @@ std::string CMaintenanceDlg::Note() const {
   return FromWx(text);
 }
 
-// By hand: some toolkits limit fields of one line only.
-void CMaintenanceDlg::CutAtLimit() {
-  const wxString text = note_->GetValue();
-  if (text.length() <= kMaintenanceNoteLimit) return;
-  note_->ChangeValue(text.Left(kMaintenanceNoteLimit));
-  note_->SetInsertionPointEnd();
+// By hand: some toolkits limit fields of one line only. And some count two for a line end where
+// they tell the caret's place, but one in the text.
+void CMaintenanceDlg::KeepLimit() {
+  const std::wstring text = note_->GetValue().ToStdWstring();
+  if (text.size() <= kMaintenanceNoteLimit) return;
+  const long place = note_->GetInsertionPoint();
+  std::size_t caret = place > 0 ? note_->GetRange(0, place).length() : 0;
+  const bool countsTwo = static_cast<std::size_t>(std::max(0L, place)) != caret;
+  const std::wstring kept = WithinNoteLimit(text, caret);
+  const auto end = kept.begin() + static_cast<std::ptrdiff_t>(caret);
+  const auto lineEnds = static_cast<long>(std::count(kept.begin(), end, L'\n'));
+  note_->ChangeValue(kept);
+  note_->SetInsertionPoint(static_cast<long>(caret) + (countsTwo ? lineEnds : 0));
   wxBell();
 }
 

@@ -19,7 +19,7 @@ class CMaintenanceDlg : public wxDialog {
   std::string Note() const;
 
  private:
-  void CutAtLimit();
+  void KeepLimit();
   void OnOk();
 
   MessageWindow& messages_;

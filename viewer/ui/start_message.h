@@ -6,7 +6,7 @@
 namespace qvl {
 
 /// Tells the user why the program does not start: on standard error, and on Windows in a message
-/// box where there is none. ASCII.
+/// box where there is none. UTF-8.
 void ShowStartMessage(std::string_view text);
 
 }  // namespace qvl

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/standard_streams.h"
+#include "platform/wide_text_windows.h"
 #include "viewer/ui/start_message.h"
 
 namespace qvl {
@@ -12,7 +13,7 @@ void ShowStartMessage(std::string_view text) {
   StandardOutput error(StandardOutput::Stream::kError);
   // A program of the desktop has no standard error unless a script gives it one.
   if (error.Write(line + "\r\n").ok()) return;
-  ::MessageBoxA(nullptr, line.c_str(), "zlkqvxv", MB_OK | MB_ICONINFORMATION);
+  ::MessageBoxW(nullptr, WideFromUtf8(line).c_str(), L"zlkqvxv", MB_OK | MB_ICONINFORMATION);
 }
 
 }  // namespace qvl

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/program_part.h"
+#include "texts/strings.h"
 #include "viewer/ui/start_message.h"
 
 namespace qvl {
@@ -17,9 +18,7 @@ int StartWindow(const std::vector<std::string>& arguments) {
   for (std::string& argument : copies) words.push_back(argument.data());
   words.push_back(nullptr);
   ::execv(program.c_str(), words.data());
-  ShowStartMessage(
-      "zlkqvxv: the window is not installed; a first argument that begins with '-' or '/' starts "
-      "batch mode.");
+  ShowStartMessage(GetString(StringId::kWindowNotInstalled));
   return 1;
 }
 

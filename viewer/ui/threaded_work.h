@@ -4,6 +4,7 @@
 #include <wx/window.h>
 
 #include <functional>
+#include <utility>
 
 #include "viewer/model/blocking_work.h"
 
@@ -16,14 +17,11 @@ class ThreadedWork : public BlockingWork {
   explicit ThreadedWork(std::function<wxWindow*()> inputWindow)
       : inputWindow_(std::move(inputWindow)) {}
 
+  /// An exception of the work comes out here.
   void Run(const std::function<void()>& work) override;
-
-  /// True while `Run` waits: nothing else may be started then.
-  bool isRunning() const { return isRunning_; }
 
  private:
   std::function<wxWindow*()> inputWindow_;
-  bool isRunning_ = false;
 };
 
 }  // namespace qvl

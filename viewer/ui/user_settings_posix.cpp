@@ -2,6 +2,9 @@
 #include <wx/filename.h>
 #include <wx/utils.h>
 
+#include <map>
+#include <memory>
+
 #include "viewer/ui/user_settings.h"
 #include "viewer/ui/wx_text.h"
 
@@ -19,14 +22,16 @@ wxString SettingsPath() {
   return folder + "/settings";
 }
 
+/// The file as it was read, and what was set since: only that is written, over what the file holds
+/// by then, so that two windows of the program do not take each other's settings away.
 class FileSettings : public Settings {
  public:
-  FileSettings()
-      : file_(wxString(), wxString(), SettingsPath(), wxString(), wxCONFIG_USE_LOCAL_FILE) {
-    file_.SetExpandEnvVars(false);
-  }
+  FileSettings() { Read(); }
+  ~FileSettings() override { Write(); }
+  FileSettings(const FileSettings&) = delete;
+  FileSettings& operator=(const FileSettings&) = delete;
 
-  bool HasKey(const std::string& key) const override { return file_.HasGroup(Group(key)); }
+  bool HasKey(const std::string& key) const override { return file_->HasGroup(Group(key)); }
 
   std::optional<std::uint32_t> GetNumber(const std::string& key,
                                          const std::string& name) const override {
@@ -41,7 +46,7 @@ class FileSettings : public Settings {
     // Asked first: reading makes the groups on the way.
     const wxString path = Path(key, name);
     wxString text;
-    if (!file_.HasEntry(path) || !file_.Read(path, &text)) return std::nullopt;
+    if (!file_->HasEntry(path) || !file_->Read(path, &text)) return std::nullopt;
     return FromWx(text);
   }
 
@@ -50,7 +55,15 @@ class FileSettings : public Settings {
   }
 
   void SetText(const std::string& key, const std::string& name, const std::string& text) override {
-    file_.Write(Path(key, name), ToWx(text));
+    if (GetText(key, name) == text) return;
+    const wxString path = Path(key, name);
+    file_->Write(path, ToWx(text));
+    changed_[path] = ToWx(text);
+  }
+
+  void Synchronise() override {
+    Write();
+    Read();
   }
 
  private:
@@ -63,7 +76,23 @@ class FileSettings : public Settings {
     return Group(key) + "/" + ToWx(name);
   }
 
-  mutable wxFileConfig file_;  // written when it goes
+  void Read() {
+    file_ = std::make_unique<wxFileConfig>(wxString(), wxString(), SettingsPath(), wxString(),
+                                           wxCONFIG_USE_LOCAL_FILE);
+    file_->SetExpandEnvVars(false);
+  }
+
+  void Write() {
+    if (changed_.empty()) return;
+    file_->DisableAutoSave();
+    Read();
+    for (const auto& [path, text] : changed_) file_->Write(path, text);
+    changed_.clear();
+    file_->Flush();
+  }
+
+  std::unique_ptr<wxFileConfig> file_;
+  std::map<wxString, wxString> changed_;
 };
 
 }  // namespace

@@ -41,6 +41,9 @@ class RegistrySettings : public Settings {
     static_cast<void>(place.Create() && place.SetValue(ToWx(name), ToWx(text)));
   }
 
+  // The registry is one for all programs, and written at once.
+  void Synchronise() override {}
+
  private:
   static wxRegKey Key(const std::string& key) { return wxRegKey(wxRegKey::HKCU, ToWx(key)); }
 

@@ -27,6 +27,16 @@ void MoveWhenShown(wxTopLevelWindow& window, int left, int top) {
   data->handler = g_signal_connect(window.GetHandle(), "map-event", G_CALLBACK(MoveOnce), data);
 }
 
+// Otherwise the toolkit lays the window out in one pixel first, and the menu bar complains about
+// it.
+void LayOutBeforeShown(wxTopLevelWindow& window, int width, int height) {
+  window.SendSizeEvent();
+  GtkRequisition smallest;
+  gtk_widget_get_preferred_size(window.GetHandle(), &smallest, nullptr);
+  GtkAllocation whole = {0, 0, width, height};
+  gtk_widget_size_allocate(window.GetHandle(), &whole);
+}
+
 }  // namespace
 
 WindowPlacement PlacementOf(const wxTopLevelWindow& window, const wxRect& lastNormal) {
@@ -41,8 +51,10 @@ WindowPlacement PlacementOf(const wxTopLevelWindow& window, const wxRect& lastNo
 }
 
 void ApplyPlacement(wxTopLevelWindow& window, const WindowPlacement& placement) {
-  window.SetSize(placement.left, placement.top, placement.right - placement.left,
-                 placement.bottom - placement.top);
+  const int width = placement.right - placement.left;
+  const int height = placement.bottom - placement.top;
+  window.SetSize(placement.left, placement.top, width, height);
+  LayOutBeforeShown(window, width, height);
   if (placement.state == WindowPlacement::kMaximised) window.Maximize();
   if (placement.state == WindowPlacement::kMinimised) window.Iconize();
   if (placement.state == WindowPlacement::kNormal) {

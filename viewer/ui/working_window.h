@@ -44,6 +44,8 @@ class WorkingWindow : public ProgressWindow {
   void SetEntriesRead(std::uint64_t count) override { progress_.entriesRead = count; }
   bool CancelRequested() const override { return progress_.cancelRequested; }
 
+  void RequestCancel() { progress_.cancelRequested = true; }
+
   /// Null while none is shown.
   wxWindow* window() const { return window_; }
 

@@ -37,7 +37,16 @@ TEST(Menus, HoldTheCommandsThatUsersKnow) {
       std::vector<std::string>(view.begin(), view.begin() + 3),
       (std::vector<std::string>{"&All Entries\tCtrl+A", "&Filter...\tCtrl+F", "&Refresh\tF5"}));
   EXPECT_EQ(GetString(MenuBar()[2].title), "&Help");
-  EXPECT_EQ(Texts(MenuBar()[2]), (std::vector<std::string>{"Help &Topics\tF1", "&About..."}));
+  EXPECT_EQ(Texts(MenuBar()[2]), (std::vector<std::string>{"Help &Topics", "&About..."}));
+}
+
+TEST(Menus, LeaveTheKeyOfTheHelpToNoMenu) {
+  for (const Accelerator& accelerator : ExtraAccelerators()) {
+    if (accelerator.keys != "F1") continue;
+    EXPECT_EQ(accelerator.command, Command::kHelpTopics);
+    return;
+  }
+  FAIL() << "no F1";
 }
 
 TEST(Menus, OfferMarkingAloneOnARightClick) {
@@ -93,6 +102,7 @@ TEST(Menus, ShareNoKeyBetweenCommands) {
     ++keys[alt];
   }
   for (const auto& [key, count] : keys) EXPECT_EQ(count, 1) << key;
+  EXPECT_EQ(keys.count("F1"), 1U);
   EXPECT_EQ(keys.count("Alt+R"), 1U);
   EXPECT_EQ(keys.count("Alt+M"), 1U);
   EXPECT_EQ(keys.count("Shift+Tab"), 1U);

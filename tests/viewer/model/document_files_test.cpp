@@ -41,6 +41,8 @@ class DocumentFilesTest : public ViewerTest {
   }
 
   TemporaryFile file_{".qvx"};
+  TemporaryFile bare_{""};
+  TemporaryFile withExtension_{bare_.path().substr(bare_.path().find("qvl_test_")), ".qvx"};
 };
 
 TEST_F(DocumentFilesTest, SavingAsksForALogFileAndKeepsTheCaption) {
@@ -115,8 +117,8 @@ TEST_F(TailWarningTest, NamesTheFileAndHowManyEntriesWouldStay) {
   ASSERT_EQ(viewer_.messages.size(), 1U);
   const UserMessage& message = viewer_.messages[0];
   const std::string name = file_.path().substr(file_.path().find_last_of("/\\") + 1);
-  EXPECT_NE(message.text.find("The file " + name + " holds a longer log."), std::string::npos);
-  EXPECT_NE(message.text.find("the last 2 entries"), std::string::npos);
+  EXPECT_NE(message.text.find("The file " + name + " is longer than this log."), std::string::npos);
+  EXPECT_NE(message.text.find("as 2 further entries of this log"), std::string::npos);
   EXPECT_EQ(message.icon, MessageIcon::kQuestion);
   EXPECT_EQ(message.yesLabel, "&Replace File");
   EXPECT_EQ(message.noLabel, "&Save Over It");
@@ -136,8 +138,8 @@ TEST_F(TailWarningTest, ThePlainSaveKeepsTheTail) {
 
 TEST_F(TailWarningTest, CancellingLeavesTheFileAlone) {
   Save(MessageAnswer::kCancel);
-  EXPECT_EQ(Saved(), (Numbers{100, 101, 102, 103, 104}));
   EXPECT_EQ(viewer_.recentFiles, std::vector<std::string>());
+  EXPECT_EQ(Saved(), (Numbers{100, 101, 102, 103, 104}));
 }
 
 TEST_F(TailWarningTest, IsNotShownWhereNoEntryWouldStay) {
@@ -154,7 +156,8 @@ TEST_F(TailWarningTest, IsNotShownWhereNoEntryWouldStay) {
 
 TEST_F(DocumentFilesTest, ASaveThatFailsIsTold) {
   Hold(1);
-  viewer_.savePath = std::filesystem::temp_directory_path().string();
+  viewer_.savePath = file_.path() + "/in a file.qvx";
+  file_.Write("no folder");
   frame_.Execute(Command::kSaveLogAs);
   ASSERT_EQ(viewer_.messages.size(), 1U);
   EXPECT_EQ(viewer_.messages[0].text.find("The log could not be saved.\n\n"), 0U);
@@ -234,6 +237,7 @@ TEST_F(DocumentFilesTest, EveryLoadResetsFilterAndSort) {
     if (exists) WriteLog(file_, 1, 1);
     if (!exists) file_.Write("no log");
     EXPECT_EQ(doc_.Load(file_.path()), exists);
+    EXPECT_EQ(control_.arrow(), "4 down");
     EXPECT_FALSE(doc_.list().IsFiltered());
     EXPECT_EQ(doc_.list().sort(), SortState());
   }
@@ -274,6 +278,30 @@ TEST_F(DocumentFilesTest, AMachineAfterAFileForgetsThePath) {
   EXPECT_EQ(frame_.LogName(), "SRV2");
 }
 
+TEST_F(DocumentFilesTest, NamesWithoutAnExtensionGetOne) {
+  Hold(2);
+  viewer_.savePath = bare_.path();
+  frame_.Execute(Command::kSaveLogAs);
+  EXPECT_EQ(withExtension_.Read().size(), kHeader + 2 * kRecord);
+  viewer_.openPath = bare_.path();
+  frame_.Execute(Command::kOpenLogFile);
+  EXPECT_EQ(frame_.openLogFile(), withExtension_.path());
+  WriteLog(bare_, 9, 1);
+  frame_.Execute(Command::kOpenLogFile);
+  EXPECT_EQ(frame_.openLogFile(), bare_.path());
+  EXPECT_TRUE(viewer_.messages.empty());
+}
+
+// As the dialogs have always done; only what would stay behind is asked about.
+TEST_F(DocumentFilesTest, AnExistingFileIsWrittenOverWithoutAWord) {
+  Hold(2);
+  WriteLog(file_, 100, 2);
+  viewer_.savePath = file_.path();
+  frame_.Execute(Command::kSaveLogAs);
+  frame_.Execute(Command::kExportLog);
+  EXPECT_TRUE(viewer_.messages.empty());
+}
+
 // Exporting.
 
 TEST_F(DocumentFilesTest, ExportingNamesTheMachineAndSaysNothing) {
@@ -306,7 +334,8 @@ TEST_F(DocumentFilesTest, ExportingAFileNamesNoMachine) {
 TEST_F(DocumentFilesTest, AnExportThatFailsOrIsCancelledSaysNothing) {
   Hold(1);
   frame_.Execute(Command::kExportLog);
-  viewer_.savePath = std::filesystem::temp_directory_path().string();
+  viewer_.savePath = file_.path() + "/in a file.qvx";
+  file_.Write("no folder");
   frame_.Execute(Command::kExportLog);
   EXPECT_EQ(viewer_.journal, (Journal{"ask save", "ask save"}));
 }

@@ -29,6 +29,8 @@ class MemorySettings : public Settings {
  public:
   std::map<std::string, std::uint32_t> numbers;  ///< by "key|name"
   std::map<std::string, std::string> texts;
+  int synchronised = 0;
+  std::function<void()> onSynchronise;
 
   bool HasKey(const std::string& key) const override {
     return Holds(numbers, key) || Holds(texts, key);
@@ -46,6 +48,10 @@ class MemorySettings : public Settings {
   }
   void SetText(const std::string& key, const std::string& name, const std::string& text) override {
     texts[key + "|" + name] = text;
+  }
+  void Synchronise() override {
+    ++synchronised;
+    if (onSynchronise) onSynchronise();
   }
 
  private:
@@ -75,6 +81,8 @@ class FakeViewer : public MessageWindow,
  public:
   // What it answers.
   std::vector<MessageAnswer> answers;  ///< to the messages, in turn; then OK
+  std::function<void()> whileWaiting;  ///< for the user, in a message or a dialog
+  std::function<void()> onCommand;
   std::optional<std::string> openPath;
   std::optional<std::string> savePath;
   std::optional<FilterChoices> filter;
@@ -95,6 +103,7 @@ class FakeViewer : public MessageWindow,
   std::vector<std::string> recentFiles;
   std::vector<Command> commands;
   std::string clipboard;
+  std::string searchAnswer;
   std::string caption;
   std::uint64_t entriesRead = 0;
   std::optional<FilterChoices> askedFilter;
@@ -113,6 +122,7 @@ class FakeViewer : public MessageWindow,
     EXPECT_EQ(message.caption, "Korvath Quarvel Log Viewer");
     Note("message " + message.text);
     messages.push_back(message);
+    Wait();
     if (answers.empty()) return MessageAnswer::kOk;
     const MessageAnswer answer = answers.front();
     answers.erase(answers.begin());
@@ -143,17 +153,20 @@ class FakeViewer : public MessageWindow,
   std::optional<std::string> AskOpenPath(const FileDialogRequest& request) override {
     fileRequests.push_back(request);
     Note("ask open");
+    Wait();
     return openPath;
   }
   std::optional<std::string> AskSavePath(const FileDialogRequest& request) override {
     fileRequests.push_back(request);
     Note("ask save");
+    Wait();
     return savePath;
   }
 
   std::optional<FilterChoices> AskFilter(const FilterChoices& current) override {
     askedFilter = current;
     Note("ask filter");
+    Wait();
     return filter;
   }
   bool ConfirmClear() override {
@@ -162,10 +175,12 @@ class FakeViewer : public MessageWindow,
   }
   std::optional<std::string> AskMaintenanceNote() override {
     Note("ask note");
+    Wait();
     return note;
   }
   std::optional<std::string> AskMachine() override {
     Note("ask machine");
+    Wait();
     return pickedMachine;
   }
 
@@ -175,9 +190,13 @@ class FakeViewer : public MessageWindow,
     Note("caption " + text);
   }
   void UpdateControls() override { EXPECT_FALSE(working_); }
-  void NoteRecentFile(const std::string& path) override { recentFiles.push_back(path); }
+  void ShowRecentFiles(const std::vector<std::string>& paths) override { recentFiles = paths; }
+  void ShowSearchAnswer(const std::string& text) override { searchAnswer = text; }
   void CopyToClipboard(const std::string& text) override { clipboard = text; }
-  void DoCommand(Command command) override { commands.push_back(command); }
+  void DoCommand(Command command) override {
+    commands.push_back(command);
+    if (onCommand) onCommand();
+  }
   WindowPlacement GetPlacement() const override { return placement; }
   void SetPlacement(const WindowPlacement& wanted) override { placement = wanted; }
   WorkArea GetWorkArea() const override { return workArea; }
@@ -200,6 +219,10 @@ class FakeViewer : public MessageWindow,
   Moment GetNow() const override { return now; }
 
  private:
+  void Wait() {
+    if (whileWaiting) whileWaiting();
+  }
+
   bool working_ = false;
 };
 

@@ -242,44 +242,6 @@ TEST_F(FrameModelTest, SelectedRowsAreCopiedBelowTheirHeadings) {
             "10/1/2026 12:00 AM\n");
 }
 
-TEST_F(FrameModelTest, TypingFindsFromTheFocusedRowOn) {
-  Open();
-  EXPECT_TRUE(view_.FindTyped("di"));
-  EXPECT_EQ(control_.FocusedRow(), 1U);
-  EXPECT_TRUE(view_.FindTyped("diagNOSTICS"));
-  EXPECT_EQ(control_.FocusedRow(), 1U);
-  EXPECT_FALSE(view_.FindTyped("diagnosticsx"));
-  EXPECT_EQ(control_.selected(), std::set<std::size_t>{1});
-}
-
-TEST_F(FrameModelTest, F3FindsTheNextAndThePreviousRow) {
-  Open();
-  frame_.Execute(Command::kFindNext);
-  EXPECT_EQ(viewer_.commands, Commands{Command::kFind});
-  view_.FindTyped("ups");
-  EXPECT_EQ(control_.FocusedRow(), 0U);
-  frame_.Execute(Command::kFindNext);
-  EXPECT_EQ(control_.FocusedRow(), 2U);
-  frame_.Execute(Command::kFindNext);
-  EXPECT_EQ(control_.FocusedRow(), 0U);
-  frame_.Execute(Command::kFindPrevious);
-  EXPECT_EQ(control_.FocusedRow(), 2U);
-  control_.Click({}, ListControl::kNoRow);
-  EXPECT_TRUE(view_.FindAgain(SearchDirection::kBackward));
-  EXPECT_EQ(control_.FocusedRow(), 2U);
-  control_.Click({}, ListControl::kNoRow);
-  EXPECT_TRUE(view_.FindAgain(SearchDirection::kForward));
-  EXPECT_EQ(control_.FocusedRow(), 0U);
-}
-
-TEST_F(FrameModelTest, F3SaysSoWhenNothingIsFound) {
-  Open();
-  EXPECT_FALSE(view_.FindTyped("no such text"));
-  frame_.Execute(Command::kFindPrevious);
-  EXPECT_EQ(Messages(), Journal{"No entry holds \"no such text\"."});
-  EXPECT_EQ(control_.FocusedRow(), 0U);
-}
-
 TEST_F(FrameModelTest, TheDetailsFollowTheFocus) {
   EXPECT_EQ(view_.FocusedEntry(), nullptr);
   Open();
@@ -297,6 +259,20 @@ TEST_F(FrameModelTest, TakesItsPlaceOnceWhenItIsFirstShown) {
   viewer_.placement = {1, 2, 3, 4, 3, 2};
   frame_.OnShow();
   EXPECT_EQ(viewer_.placement, (WindowPlacement{1, 2, 3, 4, 3, 2}));
+}
+
+// The widths while the control is there, the file before anything that can fail or take long.
+TEST_F(FrameModelTest, RemembersBeforeItCloses) {
+  Open();
+  const std::string key = "Software\\Zelkor\\Quarvel Log Viewer";
+  settings_.onSynchronise = [this, key] {
+    EXPECT_EQ(settings_.numbers.count(key + "\\Initial|width"), 1U);
+    EXPECT_EQ(settings_.numbers.count(key + "|state"), 1U);
+    EXPECT_EQ(settings_.texts[key + "\\MRU|0"], "SRV1");
+    viewer_.Note("settings written");
+  };
+  frame_.Stop();
+  EXPECT_EQ(viewer_.journal, (Journal{"settings written", "free binding"}));
 }
 
 TEST_F(FrameModelTest, RemembersEverythingOverTwoRuns) {

@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "tests/files/file_fixtures.h"
 #include "tests/viewer/model/recording_control.h"
+#include "viewer/model/row_search.h"
 
 namespace qvl {
 namespace {
@@ -35,7 +37,10 @@ class ListTextsTest : public ::testing::Test {
   }
   std::optional<std::size_t> Search(std::string_view text, std::size_t start = 0,
                                     SearchDirection direction = SearchDirection::kForward) {
-    return SearchRows(model_, text, start, direction);
+    RowSearch search(model_, std::string(text), start, direction);
+    const SearchState state = search.Continue(model_.rowCount() + 1);
+    EXPECT_NE(state, SearchState::kSearching);
+    return state == SearchState::kFound ? std::optional<std::size_t>(search.row()) : std::nullopt;
   }
 
   EntryList list_;
@@ -148,6 +153,14 @@ TEST(DataDump, ShowsBytesBesideTheirText) {
   EXPECT_EQ(std::count(dump.begin(), dump.end(), '\n'), 15);
   EXPECT_EQ(dump.substr(dump.rfind('\n', dump.size() - 2) + 1),
             "e0  00 00 00 ff                                      ....\n");
+}
+
+TEST(DataDump, TakesFewerBytesALineWhereThereIsLittleRoom) {
+  const std::string dump = DataDump(CEventLogEntry(Record(1, 33, 1, "0123456789")), 8);
+  EXPECT_EQ(dump.substr(0, dump.find('\n')), "00  30 31 32 33 34 35 36 37  01234567");
+  EXPECT_EQ(dump.find('\n'), DataDumpWidth(8));
+  EXPECT_EQ(std::count(dump.begin(), dump.end(), '\n'), 29);
+  EXPECT_EQ(DataDump(CEventLogEntry(Record(1, 33, 1, ""))).find('\n'), DataDumpWidth(16));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -226,6 +227,17 @@ TEST_F(MachineOperationsTest, ALogThatLeadsInCirclesIsCutShortAndToldSo) {
                                 "or a later one was due."});
 }
 
+TEST_F(MachineOperationsTest, MemoryThatRunsOutWhileReadingKeepsWhatCame) {
+  machine_.deliver = [this](std::uint32_t number) -> std::optional<RawLogEntry> {
+    if (number > 2) throw std::bad_alloc();
+    return machine_.records[number == 0 ? 0 : 1];
+  };
+  EXPECT_TRUE(frame_.SwitchToMachine("SRV1"));
+  EXPECT_EQ(EntryNumbers(), (Numbers{1, 2}));
+  EXPECT_EQ(Messages(), Journal{"There is not enough memory for the whole log. The entries read so "
+                                "far are shown."});
+}
+
 // Refresh.
 
 TEST_F(MachineOperationsTest, RefreshReadsAgainAndKeepsFilterAndSort) {
@@ -376,10 +388,10 @@ TEST_F(MachineOperationsTest, TheClearDialogSavesExportsAndPrintsFirst) {
   Open();
   const testing::TemporaryFile file(".qvx");
   viewer_.confirmClear = [this, &file] {
-    frame_.Execute(Command::kSaveLogAs);  // cancelled: no path yet
+    frame_.ExecuteBeforeClearing(Command::kSaveLogAs);  // cancelled: no path yet
     viewer_.savePath = file.path();
-    frame_.Execute(Command::kSaveLogAs);
-    frame_.Execute(Command::kPrint);
+    frame_.ExecuteBeforeClearing(Command::kSaveLogAs);
+    frame_.ExecuteBeforeClearing(Command::kPrint);
     return true;
   };
   frame_.Execute(Command::kClearAll);

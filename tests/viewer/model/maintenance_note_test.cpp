@@ -56,5 +56,33 @@ TEST(MaintenanceNote, TakesAsManyBytesAsTheServiceDoes) {
   EXPECT_EQ(refusals.texts.size(), 2U);
 }
 
+TEST(WithinNoteLimit, RefusesWhatIsTypedIntoAFullField) {
+  const std::wstring full = std::wstring(100, L'a') + std::wstring(127, L'b');
+  std::size_t caret = 101;
+  std::wstring typed = full;
+  typed.insert(100, L"x");
+  EXPECT_EQ(WithinNoteLimit(typed, caret), full);
+  EXPECT_EQ(caret, 100U);
+  caret = 228;
+  EXPECT_EQ(WithinNoteLimit(full + L"x", caret), full);
+  EXPECT_EQ(caret, 227U);
+}
+
+TEST(WithinNoteLimit, TakesWhatFitsOfAPastedText) {
+  std::size_t caret = 10;
+  const std::wstring text = L"0123456789" + std::wstring(219, L'b');
+  EXPECT_EQ(WithinNoteLimit(text, caret), L"01234567" + std::wstring(219, L'b'));
+  EXPECT_EQ(caret, 8U);
+}
+
+TEST(WithinNoteLimit, LeavesWhatFitsAlone) {
+  std::size_t caret = 3;
+  EXPECT_EQ(WithinNoteLimit(std::wstring(227, L'b'), caret).size(), 227U);
+  EXPECT_EQ(caret, 3U);
+  caret = 0;  // of a toolkit that does not tell
+  EXPECT_EQ(WithinNoteLimit(std::wstring(230, L'b'), caret).size(), 227U);
+  EXPECT_EQ(caret, 0U);
+}
+
 }  // namespace
 }  // namespace qvl

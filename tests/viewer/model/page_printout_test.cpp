@@ -119,15 +119,5 @@ TEST(PrintoutPageCount, CountsSevenLinesARowRoundedUp) {
   }
 }
 
-TEST(FileNameOf, CutsTheFolders) {
-  EXPECT_EQ(FileNameOf("C:\\logs\\server.qvx"), "server.qvx");
-  EXPECT_EQ(FileNameOf("/home/user/server.qvx"), "server.qvx");
-  EXPECT_EQ(FileNameOf("C:\\logs/mixed\\server.qvx"), "server.qvx");
-  EXPECT_EQ(FileNameOf("C:\\logs\\mixed/server.qvx"), "server.qvx");
-  EXPECT_EQ(FileNameOf("server.qvx"), "server.qvx");
-  EXPECT_EQ(FileNameOf("folder/"), "");
-  EXPECT_EQ(FileNameOf(""), "");
-}
-
 }  // namespace
 }  // namespace qvl

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -19,6 +20,8 @@ class RecordingControl : public ListControl {
  public:
   /// Rows in sight at once.
   static constexpr std::size_t kVisibleRows = 10;
+
+  std::function<void()> onInsertRows;
 
   const std::vector<std::string>& calls() const { return calls_; }
   const std::set<std::size_t>& selected() const { return selected_; }
@@ -53,6 +56,7 @@ class RecordingControl : public ListControl {
     calls_.emplace_back("delete all rows");
   }
   void InsertRows(std::size_t count) override {
+    if (onInsertRows) onInsertRows();
     rows_ += count;
     calls_.push_back("insert " + std::to_string(count) + " rows");
   }
@@ -86,7 +90,6 @@ class RecordingControl : public ListControl {
   }
   std::size_t FocusedRow() const override { return focused_; }
   std::size_t TopRow() const override { return top_; }
-  std::size_t RowAt(int /*x*/, int /*y*/) const override { return kNoRow; }
 
  private:
   std::size_t rows_ = 0;

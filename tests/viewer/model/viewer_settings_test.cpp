@@ -55,6 +55,14 @@ TEST(MachineNames, EndAtTheFirstMissingNumber) {
   EXPECT_EQ(LoadMachineNames(settings), (Names{"A", "B"}));
 }
 
+// It can be read, so the list goes on behind it.
+TEST(MachineNames, DoNotEndAtAnEmptyText) {
+  MemorySettings settings;
+  settings.SetText(kMachines, "0", "");
+  settings.SetText(kMachines, "1", "B");
+  EXPECT_EQ(LoadMachineNames(settings), (Names{"", "B"}));
+}
+
 TEST(MachineNames, EndAtATextThatIsNoName) {
   MemorySettings settings;
   settings.SetText(kMachines, "0", std::string(259, 'a'));

@@ -1,5 +1,5 @@
-#ifndef QVL_VIEWER_UI_RECENT_FILES_H_
-#define QVL_VIEWER_UI_RECENT_FILES_H_
+#ifndef QVL_VIEWER_MODEL_RECENT_FILES_H_
+#define QVL_VIEWER_MODEL_RECENT_FILES_H_
 
 #include <string>
 #include <vector>
@@ -9,11 +9,16 @@
 namespace qvl {
 
 /// The log files that were opened or saved last, newest first, at most four; remembered as "File1"
-/// to "File4" in the key "Recent File List".
+/// to "File4" in the key "Recent File List", UTF-8. What other windows of the program remembered
+/// meanwhile is kept: the list is read again before it changes, and written at once.
 class RecentFiles {
  public:
+  static constexpr std::size_t kLimit = 4;
+
+  /// settings  outlives the list.
   explicit RecentFiles(Settings& settings);
 
+  /// As this list showed them last.
   const std::vector<std::string>& paths() const { return paths_; }
 
   /// Paths as the model has them; a relative one is made absolute.
@@ -22,6 +27,7 @@ class RecentFiles {
   void Remove(const std::string& path);
 
  private:
+  void Load();
   void Save();
 
   Settings& settings_;
@@ -30,4 +36,4 @@ class RecentFiles {
 
 }  // namespace qvl
 
-#endif  // QVL_VIEWER_UI_RECENT_FILES_H_
+#endif  // QVL_VIEWER_MODEL_RECENT_FILES_H_

@@ -1,0 +1,7 @@
+#include "viewer/ui/file_type_registration.h"
+
+namespace qvl {
+
+void RegisterFileType() {}
+
+}  // namespace qvl

@@ -1,0 +1,12 @@
+#ifndef QVL_VIEWER_UI_TOOLKIT_TEXTS_H_
+#define QVL_VIEWER_UI_TOOLKIT_TEXTS_H_
+
+namespace qvl {
+
+/// Gives the texts that the toolkit brings itself, in the preview and while it prints, in the
+/// process's language. Call once, when that stands and before the first window.
+void TranslateToolkit();
+
+}  // namespace qvl
+
+#endif  // QVL_VIEWER_UI_TOOLKIT_TEXTS_H_
