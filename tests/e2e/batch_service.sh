@@ -107,7 +107,7 @@ full_disk() {
 
 empty_disk() { [ ! -e "$folder/full" ] || umount "$folder/full"; }
 
-printed_document() { find "$QVL_PRINT_FOLDER" -name '*.pdf' | head -n 1; }
+printed_document() { find "$QVL_PRINT_FOLDER" -name '[0-9]*.pdf' | head -n 1; }
 
 # printed_pages_hold TEXT...: waits for the document and reads its pages.
 printed_pages_hold() {

@@ -10,6 +10,8 @@
 // After windows.h, which it needs.
 #include <psapi.h>
 #include <tlhelp32.h>
+
+#include "tests/e2e/handle_count_windows.h"
 #else
 #include <unistd.h>
 #endif
@@ -54,8 +56,7 @@ std::int64_t CountChildren() {
 Holdings Measure() {
   PROCESS_MEMORY_COUNTERS memory = {};
   ::GetProcessMemoryInfo(::GetCurrentProcess(), &memory, sizeof memory);
-  DWORD handles = 0;
-  ::GetProcessHandleCount(::GetCurrentProcess(), &handles);
+  const DWORD handles = test::HandlesOf(::GetCurrentProcessId());
   return {.memoryKiB = static_cast<std::int64_t>(memory.WorkingSetSize / 1024),
           .handles = static_cast<std::int64_t>(handles),
           .children = CountChildren()};

@@ -5,9 +5,9 @@
 passed=0
 failed=0
 
-# wait_until COMMAND...: false when it is not so within 20 seconds.
+# wait_until COMMAND...: false when it is not so within a minute; much, for a machine may be busy.
 wait_until() {
-  give_up_at=$(($(date +%s) + 20))
+  give_up_at=$(($(date +%s) + 60))
   until "$@"; do
     [ "$(date +%s)" -lt "$give_up_at" ] || return 1
     sleep 0.1
@@ -24,8 +24,8 @@ check() {
   fi
   failed=$((failed + 1))
   mkdir -p "$shots"
-  picture=$shots/$(echo "$label" | tr -c 'a-zA-Z0-9\n' '_').png
-  import -window root "$picture"
+  picture=$shots/$(basename "$0" .sh)_$(echo "$label" | tr -c 'a-zA-Z0-9\n' '_').png
+  timeout 20 import -window root "$picture"
   echo "FAILED: $label ($picture)"
   return 1
 }
@@ -35,24 +35,47 @@ must() {
   check "$@" || exit 1
 }
 
-display_is_known() { [ -s "$folder/display" ]; }
+# Its end is as good as its number: nobody waits for a server that is not there.
+display_is_known() { [ -s "$folder/display" ] || ! kill -0 "$screen" 2>/dev/null; }
+windows_are_managed() {
+  timeout 5 xdotool get_num_desktops >/dev/null 2>&1 || ! kill -0 "$window_manager" 2>/dev/null
+}
 
-start_screen() {
+try_screen() {
+  : >"$folder/display"
   Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3>"$folder/display" 2>"$folder/xvfb.log" &
   screen=$!
-  wait_until display_is_known || exit 1
+  wait_until display_is_known && [ -s "$folder/display" ] || return 1
   DISPLAY=:$(cat "$folder/display")
   export DISPLAY
   openbox --sm-disable >"$folder/openbox.log" 2>&1 &
   window_manager=$!
-  wait_until xdotool get_num_desktops >/dev/null 2>&1 || exit 1
+  wait_until windows_are_managed && kill -0 "$window_manager" 2>/dev/null
+}
+
+start_screen() {
+  try_screen && return
+  echo "The screen did not start:"
+  cat "$folder/xvfb.log" "$folder/openbox.log" 2>/dev/null
+  end_screen
+  echo "A second one is tried."
+  try_screen && return
+  cat "$folder/xvfb.log" "$folder/openbox.log" 2>/dev/null
+  echo "FAILED: there is no screen"
+  exit 1
 }
 
 end_screen() {
-  [ -z "${window_manager:-}" ] || kill "$window_manager"
-  [ -z "${screen:-}" ] || kill "$screen"
+  [ -z "${window_manager:-}" ] || kill "$window_manager" 2>/dev/null
+  [ -z "${screen:-}" ] || kill "$screen" 2>/dev/null
   wait
+  window_manager=
+  screen=
 }
+
+# look WINDOW FORMAT: its picture to standard output. A window that has gone by then has none, and
+# without a bound import would wait for somebody to choose another.
+look() { timeout 10 import -window "$1" "$2:-" 2>/dev/null; }
 
 key() { xdotool key --clearmodifiers "$@"; }
 type_text() { xdotool type --delay 20 "$1"; }
@@ -89,3 +112,10 @@ shows_descriptions_of() {
   cmp -s "$folder/shown" "$1"
 }
 selected_row_holds() { copied ctrl+c | tail -n 1 | grep -q -- "$1"; }
+
+# report: the counts; ends the test with its result.
+report() {
+  echo "$passed passed, $failed failed"
+  [ "$failed" -eq 0 ]
+  exit $?
+}

@@ -40,3 +40,20 @@ forget_settings() {
     windows) "$wine_run" reg delete "HKCU\\$settings_key" /f >/dev/null 2>&1 ;;
   esac
 }
+
+# remember KEY NAME TEXT: as if an earlier run had left it.
+remember() {
+  case $system in
+    linux)
+      mkdir -p "$XDG_CONFIG_HOME/quarvel-log-viewer"
+      group=$(printf '%s' "$settings_key$1" | tr '\\' '/' | sed 's/ /\\ /g')
+      file=$XDG_CONFIG_HOME/quarvel-log-viewer/settings
+      # Settings of one key follow each other.
+      grep -qxF "[$group]" "$file" 2>/dev/null || printf '[%s]\n' "$group" >>"$file"
+      printf '%s=%s\n' "$2" "$3" >>"$file"
+      ;;
+    windows)
+      "$wine_run" reg add "HKCU\\$settings_key$1" /v "$2" /t REG_SZ /d "$3" /f >/dev/null 2>&1
+      ;;
+  esac
+}

@@ -1,0 +1,10 @@
+# What a test build adds to a program's memory would hide what is looked for.
+if(QVL_ENDURANCE_TESTS)
+  if(WIN32)
+    add_executable(holdings holdings.cpp ../e2e/handle_count_windows.cpp)
+    target_link_libraries(holdings PRIVATE psapi ntdll qvl_options)
+    set_target_properties(holdings PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${QVL_PROGRAM_DIR}")
+  endif()
+  qvl_gui_test(endurance_gui endurance_gui.sh)
+  set_tests_properties(endurance_gui PROPERTIES TIMEOUT 900 RESOURCE_LOCK remote_monitor_pipe)
+endif()
