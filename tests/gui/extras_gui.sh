@@ -136,7 +136,6 @@ context_menu() {
   serve "$demo"
   open_viewer
   expect_machine LOCALHOST
-  check "its log is listed" shows_rows 200
   key End
   find_header
   whole="$main 0 0 700 400"
