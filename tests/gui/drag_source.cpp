@@ -26,6 +26,8 @@ class DragSourceFrame : public wxFrame {
   }
 };
 
+}  // namespace
+
 class DragSourceApp : public wxApp {
  public:
   bool OnInit() override {
@@ -39,7 +41,5 @@ class DragSourceApp : public wxApp {
     return (new DragSourceFrame(paths))->Show();
   }
 };
-
-}  // namespace
 
 wxIMPLEMENT_APP(DragSourceApp);

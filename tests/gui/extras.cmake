@@ -24,7 +24,7 @@ else()
             ${CMAKE_CURRENT_SOURCE_DIR}/printing_gui.sh linux ${QVL_PROGRAM_DIR}
             ${QVL_GUI_PICTURES})
 endif()
-set_tests_properties(printing_gui PROPERTIES TIMEOUT 300)
+set_tests_properties(printing_gui PROPERTIES TIMEOUT 600)
 
 # What the window tells those who hear it, through a session bus of its own.
 if(NOT WIN32)
@@ -37,6 +37,6 @@ if(NOT WIN32)
     add_test(NAME names_gui
       COMMAND dbus-run-session -- ${CMAKE_CURRENT_SOURCE_DIR}/names_gui.sh linux
               ${QVL_PROGRAM_DIR} ${QVL_GUI_PICTURES})
-    set_tests_properties(names_gui PROPERTIES TIMEOUT 300)
+    set_tests_properties(names_gui PROPERTIES TIMEOUT 600)
   endif()
 endif()

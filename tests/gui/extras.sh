@@ -20,7 +20,7 @@ drag() {
 }
 
 # A part of a window is remembered and looked at again. Each gets WINDOW X Y WIDTH HEIGHT.
-look_at() { import -window "$1" -crop "$4x$5+$2+$3" +repage "$folder/now.png"; }
+look_at() { timeout 10 import -window "$1" -crop "$4x$5+$2+$3" +repage "$folder/now.png"; }
 # How many pixels are clearly of another colour than before.
 changed_pixels() {
   look_at "$@"

@@ -115,7 +115,7 @@ headings_are_japanese() { copied ctrl+c | head -n 1 | grep -q '説明.*クラス
 
 # How bright the list is below its last row, of 100.
 brightness() {
-  import -window "$main" -crop 200x60+200+300 +repage -colorspace gray png:- |
+  timeout 10 import -window "$main" -crop 200x60+200+300 +repage -colorspace gray png:- |
     convert png:- -resize 1x1 -format '%[fx:int(100*intensity)]' info:
 }
 is_light() { [ "$(brightness)" -gt 80 ]; }
@@ -146,7 +146,7 @@ colours() {
 # Pictures of a usual screen, only made larger, stay the same when every second pixel is dropped
 # and doubled again.
 has_fine_pictures() {
-  import -window "$main" -crop 28x34+6+186 +repage "$folder/icon.png"
+  timeout 10 import -window "$main" -crop 28x34+6+186 +repage "$folder/icon.png"
   convert "$folder/icon.png" -sample 50% -sample 200% "$folder/coarse.png"
   [ "$(convert "$folder/icon.png" -unique-colors txt:- | wc -l)" -gt 10 ] &&
     ! compare -metric AE "$folder/icon.png" "$folder/coarse.png" null: >/dev/null 2>&1

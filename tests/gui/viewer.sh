@@ -78,7 +78,8 @@ main_is_titled() { [ "$(name_of "$main")" = "$1" ]; }
 # takes input, and leaves out the menu on the frame (the third number, 0x10).
 kind_of() {
   # shellcheck disable=SC2046  # five numbers
-  set -- $(xprop -id "$1" _MOTIF_WM_HINTS 2>&1 | sed 's/.* = //; s/.*not found.*/none/' | tr -d ,)
+  set -- $(xprop -id "$1" _MOTIF_WM_HINTS 2>&1 |
+    sed 's/.* = //; s/.*not found.*/none/; s/.*no such atom.*/none/' | tr -d ,)
   case $system,$#,${1:-} in
     *,1,none) echo dialog ;;
     linux,5,*) [ $(($2 & 0x21)) -ne 0 ] && echo dialog || echo progress ;;
@@ -163,10 +164,12 @@ start_viewer() {
   viewer=$!
   must "the viewer's window" viewer_is_shown
 }
-# open_viewer ARGUMENT...: and waits until its window has the keyboard.
+# open_viewer ARGUMENT...: and waits until its window has the keyboard and shows what it was given:
+# while it reads, it takes no command.
 open_viewer() {
   start_viewer "$@"
   expect_main "the viewer's window has the keyboard"
+  must "the viewer's window is drawn" stands_still 0.5
 }
 # Asked again where the window manager still had the keyboard.
 closing_ends_it() {

@@ -95,9 +95,9 @@ class PreviewFrame : public wxPreviewFrame {
 void NameControls(wxPreviewControlBar& bar) {
   for (wxWindow* const control : bar.GetChildren()) {
     wxString name = control->GetToolTipText();
-    if (wxDynamicCast(control, wxTextCtrl) != nullptr) {
+    if (dynamic_cast<wxTextCtrl*>(control) != nullptr) {
       name = TextOf(StringId::kPreviewPageNumber);
-    } else if (wxDynamicCast(control, wxChoice) != nullptr) {
+    } else if (dynamic_cast<wxChoice*>(control) != nullptr) {
       name = TextOf(StringId::kPreviewZoom);
     }
     if (!name.empty()) SetAccessibleName(*control, name);
@@ -197,7 +197,8 @@ bool ListPrinting::Preview(wxFrame* owner, const ListModel& list, const std::str
   }
   auto* const frame = new PreviewFrame(preview.release(), owner, std::move(closed));
   frame->InitializeWithModality(wxPreviewFrame_AppModal);
-  NameControls(*wxDynamicCast(frame->GetControlBar(), wxPreviewControlBar));
+  if (auto* const bar = dynamic_cast<wxPreviewControlBar*>(frame->GetControlBar()))
+    NameControls(*bar);
   frame->Show();
   frame->Raise();
   return true;
