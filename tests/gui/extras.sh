@@ -52,12 +52,12 @@ preview_is_front() {
   dialog_is_front "$1"
 }
 
-# expect_machine NAME: opened by the box. Keys that came before the window took any are typed again.
+# expect_machine NAME [ROWS]: opened by the box. Keys that came before the window took any are typed again.
 expect_machine() {
   tries=0
   must "a machine is open" machine_opens "$1"
   # The caption changes first; keys are refused until the log is read.
-  must "its log is listed" shows_rows 200
+  must "its log is listed" shows_rows "${2:-200}"
 }
 machine_opens() {
   machine_is_open "$1" && return

@@ -65,8 +65,7 @@ machine() {
   qvlog sample --entries 7 -o seven.qvx
   serve seven.qvx
   open_viewer
-  expect_machine LOCALHOST
-  check "its entries are listed" shows_rows 7
+  expect_machine LOCALHOST 7
   print_log
   check "the page names the machine" \
     printed_pages_hold 'Korvath Quarvel Log - LOCALHOST' 'Page 1'

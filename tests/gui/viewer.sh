@@ -69,7 +69,14 @@ name_of() { xdotool getwindowname "$1" 2>/dev/null; }
 size_of_main() { xdotool getwindowgeometry "$main" | awk '/Geometry/ { print $2 }'; }
 has_size() { [ "$(size_of_main)" = "$1" ]; }
 has_ended() { ! kill -0 "$viewer" 2>/dev/null; }
-main_is_front() { [ "$(active_window)" = "$main" ]; }
+main_is_front() {
+  [ "$(active_window)" = "$main" ] && return
+  # Wine tells the window manager that a window held back from input takes none, which takes the
+  # keyboard from it; afterwards nobody gives it back. A user would click.
+  [ "$system" = linux ] || [ "$(xdotool search --onlyvisible --class zlkqvxv 2>/dev/null)" != "$main" ] ||
+    xdotool windowactivate "$main"
+  return 1
+}
 main_is_titled() { [ "$(name_of "$main")" = "$1" ]; }
 
 # kind_of WINDOW: "progress" for one that can only be waited for, "dialog" for any other, nothing
