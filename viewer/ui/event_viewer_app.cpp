@@ -41,8 +41,9 @@ CEventViewerApp::CEventViewerApp(std::vector<std::string> arguments)
 }
 
 bool CEventViewerApp::OnInit() {
-  auto log = std::make_unique<StandardErrorLog>();
-  delete wxLog::SetActiveTarget(log.release());
+  // The toolkit deletes it.
+  auto* const log = new StandardErrorLog;
+  delete wxLog::SetActiveTarget(log);  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
   if (UserReadsJapanese()) SetCurrentLanguage(Language::kJapanese);
   TranslateToolkit();
   ShowPicturesInMessages();

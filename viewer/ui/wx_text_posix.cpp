@@ -10,8 +10,12 @@ wxString PathToWx(const std::string& path) {
 }
 
 std::string PathFromWx(const wxString& path) {
-  const wxCharBuffer bytes = path.mb_str(*wxConvFileName);
-  return std::string(bytes.data(), bytes.length());
+  const wchar_t* const text = path.wc_str();
+  const std::size_t size = wxConvFileName->FromWChar(nullptr, 0, text, path.length());
+  if (size == wxCONV_FAILED) return {};
+  std::string bytes(size, '\0');
+  wxConvFileName->FromWChar(bytes.data(), size, text, path.length());
+  return bytes;
 }
 
 }  // namespace qvl
