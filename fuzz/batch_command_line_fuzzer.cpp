@@ -216,7 +216,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     qvl::RemoteMonitorClient client(machine);
     qvl::BatchRunner runner({.client = client,
                              .computerName = "local",
-                             .userName = "user",
+                             .userName = [] { return std::string("user"); },
                              .commandLine = std::string(text),
                              .lineEnd = "\n",
                              .now = [] { return qvl::Moment{0}; },
