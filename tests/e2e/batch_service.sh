@@ -71,6 +71,16 @@ case $system in
     end_service() {
       [ -n "$service" ] || return 0
       rm -f "$folder/ready"
+      tries=0
+      while kill -0 "$service" 2>/dev/null; do
+        tries=$((tries + 1))
+        if [ "$tries" -gt 1200 ]; then
+          echo "FAILED: the service does not end"
+          kill -9 "$service"
+          exit 1
+        fi
+        sleep 0.05
+      done
       wait "$service"
       service=
     }
