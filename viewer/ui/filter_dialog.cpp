@@ -34,6 +34,7 @@ CFilterDlg::CFilterDlg(wxWindow* owner, const FilterChoices& current)
   SetSizerAndFit(column);
   CentreOnParent();
   eventClass_->SetFocus();
+  OnInternalIdle();  // else the letters of the labels lead nowhere until the dialog has a pause
 }
 
 wxChoice* CFilterDlg::AddRow(wxFlexGridSizer& grid, StringId label,
