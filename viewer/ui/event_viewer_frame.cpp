@@ -203,6 +203,7 @@ void CEventViewerFrame::DoCommand(Command command) {
       CAboutDlg(this).ShowModal();
       return;
     case Command::kGoToMachineBox:
+      list_->GiveUpFocus();
       return machineBar_->box()->SetFocus();
     case Command::kNextControl:
     case Command::kPreviousControl:
@@ -222,6 +223,7 @@ void CEventViewerFrame::ShowBar(wxWindow& bar, bool shown) {
 void CEventViewerFrame::ShowFindBar(bool shown) {
   ShowBar(*findBar_, shown);
   if (shown) {
+    list_->GiveUpFocus();
     findBar_->Begin();
   } else {
     list_->SetFocus();
@@ -273,6 +275,7 @@ void CEventViewerFrame::MoveFocus(bool forward) {
   const std::vector<wxWindow*> order = FocusOrder();
   const std::optional<std::size_t> place = PlaceInFocusOrder(order);
   if (!place) return;
+  list_->GiveUpFocus();
   const std::size_t step = forward ? 1 : order.size() - 1;
   order[(*place + step) % order.size()]->SetFocus();
 }

@@ -45,7 +45,10 @@ CEventViewerView::CEventViewerView(wxWindow* parent)
   KeepScrollBarsBesideRows(*this);
   wxGetTopLevelParent(this)->Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
     event.Skip();
-    if (event.GetActive() && wantsFocus_) CallAfter([this] { TakeFocus(); });
+    if (!event.GetActive() || !wantsFocus_) return;
+    CallAfter([this] {
+      if (wantsFocus_) TakeFocus();
+    });
   });
   BindHeader();
 }

@@ -27,6 +27,8 @@ class CEventViewerView : public wxListCtrl {
 
   /// Takes the keyboard; where the window does not have it, as soon as it has.
   void TakeFocus();
+  /// The user has gone elsewhere: what is still to come of TakeFocus does not.
+  void GiveUpFocus() { wantsFocus_ = false; }
 
  protected:
   wxString OnGetItemText(long row, long column) const override;
