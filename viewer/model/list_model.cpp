@@ -1,5 +1,6 @@
 #include "viewer/model/list_model.h"
 
+#include <algorithm>
 #include <numeric>
 
 #include "viewer/model/sort.h"
@@ -55,6 +56,11 @@ void ListModel::ClickHeader(Column column) {
 void ListModel::Sort() {
   rows_ = std::vector<EntryIndex>();
   rows_ = SortedRows(entries_, shown_, sort_.column, sort_.ascending);
+}
+
+std::size_t ListModel::RowOf(EntryIndex entry) const {
+  const auto row = std::find(rows_.begin(), rows_.end(), entry);
+  return row == rows_.end() ? ListControl::kNoRow : static_cast<std::size_t>(row - rows_.begin());
 }
 
 CellContent ListModel::Cell(std::size_t row, int column) const {

@@ -78,6 +78,8 @@ class ListModel {
   std::size_t rowCount() const { return rows_.size(); }
   EntryIndex EntryIndexAt(std::size_t row) const { return rows_[row]; }
   const CEventLogEntry& EntryAt(std::size_t row) const { return entries_[rows_[row]]; }
+  /// The row that shows an entry of the list; `ListControl::kNoRow` when none does.
+  std::size_t RowOf(EntryIndex entry) const;
   CellContent Cell(std::size_t row, int column) const;
 
  private:

@@ -44,6 +44,21 @@ std::vector<std::size_t> SelectedRows(const ListControl& control, std::size_t ro
   return rows;
 }
 
+// The rows that show these entries, ascending. A single entry, which is the usual case, is found
+// without a look at what else there is.
+std::vector<std::size_t> RowsOf(const std::vector<EntryIndex>& entries, const ListModel& model) {
+  if (entries.empty()) return {};
+  if (entries.size() == 1) return {model.RowOf(entries.front())};
+  std::vector<bool> isWanted(*std::max_element(entries.begin(), entries.end()) + std::size_t{1});
+  for (const EntryIndex entry : entries) isWanted[entry] = true;
+  std::vector<std::size_t> rows;
+  for (std::size_t row = 0; row < model.rowCount(); ++row) {
+    const EntryIndex entry = model.EntryIndexAt(row);
+    if (entry < isWanted.size() && isWanted[entry]) rows.push_back(row);
+  }
+  return rows;
+}
+
 std::optional<EntryIdentity> IdentityAt(const ListModel& model, std::size_t row) {
   if (row >= model.rowCount()) return std::nullopt;
   return IdentityOf(model.EntryAt(row));
@@ -99,28 +114,21 @@ void RestorePosition(const ListPosition& position, ListControl& control, const L
 
 void ClickHeader(Column column, ListControl& control, ListModel& model) {
   // By position in the log here: nothing was read anew, and alike entries stay apart.
-  constexpr std::size_t kNobody = kNoRow;
-  std::vector<std::uint8_t> isSelected;
+  std::vector<EntryIndex> selected;
   for (const std::size_t row : SelectedRows(control, model.rowCount())) {
-    const EntryIndex index = model.EntryIndexAt(row);
-    if (index >= isSelected.size()) isSelected.resize(index + std::size_t{1});
-    isSelected[index] = 1;
+    selected.push_back(model.EntryIndexAt(row));
   }
+  std::vector<EntryIndex> focused;
   const std::size_t focusedRow = control.FocusedRow();
-  const std::size_t focusedIndex =
-      focusedRow < model.rowCount() ? model.EntryIndexAt(focusedRow) : kNobody;
+  if (focusedRow < model.rowCount()) focused.push_back(model.EntryIndexAt(focusedRow));
   const std::size_t topRow = control.TopRow();
 
   model.ClickHeader(column);
   control.RowsReordered();
-  std::vector<std::size_t> selected;
-  std::size_t focused = kNoRow;
-  for (std::size_t row = 0; row < model.rowCount(); ++row) {
-    const EntryIndex index = model.EntryIndexAt(row);
-    if (index < isSelected.size() && isSelected[index] != 0) selected.push_back(row);
-    if (index == focusedIndex) focused = row;
-  }
-  control.SetSelection(selected, focused);
+  const std::vector<std::size_t> selectedRows = RowsOf(selected, model);
+  const std::vector<std::size_t> focusedRows =
+      focused == selected ? selectedRows : RowsOf(focused, model);
+  control.SetSelection(selectedRows, focusedRows.empty() ? kNoRow : focusedRows.front());
   if (model.rowCount() > 0) control.ScrollToTop(topRow);
   control.ShowSortArrow(model.sort().column, model.sort().ascending);
 }

@@ -185,6 +185,7 @@ void ListAdapter::FocusRow(std::size_t row) {
   if (row >= RowCount()) return;
   const std::size_t top = TopRow();
   list_.SetItemState(static_cast<long>(row), wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+  focusedRow_ = row;
   if (TopRow() != top) ScrollToTop(top);
 }
 
@@ -210,9 +211,14 @@ std::size_t ListAdapter::NextSelectedRow(std::size_t row) const {
       list_.GetNextItem(static_cast<long>(row) - 1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED));
 }
 
+// The toolkit looks at row after row; mostly the one of the last time has it still.
 std::size_t ListAdapter::FocusedRow() const {
-  if (RowCount() == 0) return kNoRow;
-  return RowOf(list_.GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED));
+  const std::size_t rows = RowCount();
+  if (rows == 0) return kNoRow;
+  const bool isTheSame = focusedRow_ < rows && list_.GetItemState(static_cast<long>(focusedRow_),
+                                                                  wxLIST_STATE_FOCUSED) != 0;
+  if (!isTheSame) focusedRow_ = RowOf(list_.GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED));
+  return focusedRow_;
 }
 
 std::size_t ListAdapter::TopRow() const {

@@ -82,6 +82,7 @@ class ListAdapter : public ListControl {
 
   CEventViewerView& list_;
   Handlers handlers_;
+  mutable std::size_t focusedRow_ = kNoRow;  // where it was seen last
 };
 
 }  // namespace qvl

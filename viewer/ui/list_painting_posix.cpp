@@ -8,8 +8,7 @@ namespace {
 // Many at once: a single one is measured in whole pixels.
 constexpr std::size_t kSamples = 64;
 constexpr std::size_t kEllipsisLength = 3;
-// Characters side by side may take less room than each alone. Between that and this the list
-// itself finds out.
+// Characters side by side may take less room than each alone: up to this the text is measured.
 constexpr double kSurelyTooWide = 1.1;
 
 // What the toolkit leaves free in a column, and behind a picture, in pixels of any screen.
@@ -48,9 +47,11 @@ wxString FittingText::Shorten(const wxString& text, int column) const {
   for (const wxUniChar character : text) {
     sum += WidthOf(character);
     if (sum <= roomForText) ++length;
-    if (sum > kSurelyTooWide * room) return text.Left(length) + wxString('.', kEllipsisLength);
+    if (sum > kSurelyTooWide * room) break;
   }
-  return text;
+  const bool fits =
+      sum <= room || (sum <= kSurelyTooWide * room && list_.GetTextExtent(text).x <= room);
+  return fits ? text : text.Left(length) + wxString('.', kEllipsisLength);
 }
 
 }  // namespace qvl
