@@ -2,6 +2,8 @@
 # A thousand connections and a walk over 100,000 entries leave nothing behind.
 #
 #   endurance_e2e.sh linux|windows FOLDER_OF_PROGRAMS
+#
+# QVL_ENDURANCE_ROUNDS makes it shorter: five connections and 500 entries a round, 200 unless told.
 set -u
 if [ $# -ne 2 ]; then
   echo "usage: endurance_e2e.sh linux|windows FOLDER_OF_PROGRAMS" >&2
@@ -15,10 +17,12 @@ folder=$(mktemp -d "${TMPDIR:-/tmp}/qvl_endurance.XXXXXX") || exit 1
 . "$root/tests/e2e/batch_service.sh"
 trap 'end_service; rm -rf "$folder"' EXIT
 trap 'exit 1' HUP INT TERM
-entries=100000
+rounds=${QVL_ENDURANCE_ROUNDS:-200}
+connections=$((5 * rounds))
+entries=$((500 * rounds))
 qvlog sample --entries "$entries" --seed 1 -o "$folder/long.qvx" || exit 1
 serve "$folder/long.qvx"
 case $system in
-  windows) "$wine_run" "$programs/endurance.exe" localhost 1000 "$entries" ;;
-  *) "$programs/endurance" localhost 1000 "$entries" ;;
+  windows) "$wine_run" "$programs/endurance.exe" localhost "$connections" "$entries" ;;
+  *) "$programs/endurance" localhost "$connections" "$entries" ;;
 esac

@@ -17,16 +17,14 @@ if(WIN32)
             sh ${PROJECT_SOURCE_DIR}/tests/e2e/wine_logon
             ${CMAKE_CURRENT_SOURCE_DIR}/printing_gui.sh windows ${QVL_PROGRAM_DIR}
             ${QVL_GUI_PICTURES})
-  set_tests_properties(printing_gui PROPERTIES RESOURCE_LOCK remote_monitor_pipe)
 else()
   add_test(NAME printing_gui
     COMMAND sh ${PROJECT_SOURCE_DIR}/tests/e2e/with_spooler
             ${CMAKE_CURRENT_SOURCE_DIR}/printing_gui.sh linux ${QVL_PROGRAM_DIR}
             ${QVL_GUI_PICTURES})
-  # A leak behind GLib's allocator is told from one of ours by its whole stack only.
-  set_tests_properties(printing_gui PROPERTIES ENVIRONMENT ASAN_OPTIONS=fast_unwind_on_malloc=0)
 endif()
 set_tests_properties(printing_gui PROPERTIES TIMEOUT 600)
+qvl_one_at_a_time(printing_gui)
 
 # What the window tells those who hear it, through a session bus of its own.
 if(NOT WIN32)

@@ -161,12 +161,14 @@ save_over() {
   expect_dialog "the save dialog" Save
   key ctrl+a
   type_text "$(as_path "$1")"
+  must "the name stands there" stands_still 0.3
   must "entries that would stay are told" name_is_taken
   dialog=$front
 }
-# A key that ends the completion of a name on some systems, and the dialog with the next one.
+# A key that ends the completion of a name on some systems, and the dialog with the next one. Pressed
+# too soon it would answer the question.
 name_is_taken() {
-  ! dialog_is_back || key Return
+  ! dialog_is_back || { key Return && sleep 1; }
   dialog_is_front
 }
 is_same_log() { cmp -s "$1" "$2"; }

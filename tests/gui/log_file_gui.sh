@@ -107,11 +107,11 @@ commands() {
   nothing_comes_of F5
   key ctrl+s
   expect_dialog "a log file can be saved" Save
-  key Escape
+  leave_file_dialog
   expect_main "and not be saved"
   key ctrl+e
   expect_dialog "a log file can be exported" Export
-  key Escape
+  leave_file_dialog
   expect_main "and not be exported"
   close_viewer
 }

@@ -92,7 +92,7 @@ clearing() {
   clear_dialog=$dialog
   key alt+s
   expect_dialog "a file to save to is asked for" Save
-  key Escape
+  leave_file_dialog
   dialog=$clear_dialog
   check "the clear dialog stays when nothing is saved" dialog_is_back
   key alt+s
@@ -166,7 +166,7 @@ file_after_machine() {
   nothing_comes_of ctrl+l
   key ctrl+s
   expect_dialog "it can be saved" Save
-  key Escape
+  leave_file_dialog
   expect_main "it is not"
   close_viewer
 }

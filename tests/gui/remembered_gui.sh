@@ -39,9 +39,12 @@ place_and_widths() {
   check "the window takes another place" is_moved "$before"
   xdotool windowsize "$main" 1000 500
   check "the window takes another size" has_size 1000x500
+  must "the larger window is drawn" stands_still 0.3
   find_header
   # The border between the first two columns, dragged to the left.
-  xdotool mousemove --window "$main" 365 "$header_y" mousedown 1
+  xdotool mousemove --window "$main" 365 "$header_y"
+  must "the pointer is on the border" stands_still 0.3
+  xdotool mousedown 1
   for x in 355 345 335 325 315; do xdotool mousemove --window "$main" "$x" "$header_y"; done
   must "the border is drawn where it goes" stands_still 0.2
   xdotool mouseup 1

@@ -134,6 +134,16 @@ choose_ok() {
   esac
 }
 
+# leave_file_dialog: asked again where GTK took Escape for the proposals below its box for the name.
+another_is_active() { front=$(active_window) && [ "$front" != "$dialog" ]; }
+escape_leaves_it() {
+  another_is_active && return
+  key Escape
+  sleep 0.5
+  another_is_active
+}
+leave_file_dialog() { must "no file is chosen" escape_leaves_it; }
+
 # press KEYS...: a button that leaves the dialog open. Pressed by a key it acts a moment later, and
 # takes no other key until then.
 press() {
@@ -194,7 +204,7 @@ close_viewer() {
   # The system's print dialog tells that there is no colour management here.
   complaints=$(grep -vE 'system bus|colord' "$folder/viewer.log" |
     grep -E 'zlkqvxv|toolkit:|CRITICAL|WARNING|Sanitizer|runtime error')
-  check "no complaint" [ -z "$complaints" ] || echo "$complaints"
+  check "no complaint" [ -z "$complaints" ] || cat "$folder/viewer.log"
 }
 
 go_to_machine_box() {
