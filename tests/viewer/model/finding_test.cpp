@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -26,6 +28,11 @@ class FindingTest : public ViewerTest {
     machine_.records.clear();
     for (std::uint32_t i = 1; i <= 2 * kRows; ++i) machine_.records.push_back(Entry(i, 9));
     machine_.records.front().eventClass = 15;
+    machine_.deliver = [this](std::uint32_t wanted) {
+      const std::size_t place = std::max(wanted, std::uint32_t{1}) - 1;
+      return place < machine_.records.size() ? std::optional(machine_.records[place])
+                                             : std::nullopt;
+    };
     Open();
     doc_.list().SetSort({Column::kEntryNumber, false});
     doc_.UpdateViews();
