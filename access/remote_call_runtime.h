@@ -16,6 +16,10 @@ namespace qvl {
 inline constexpr std::size_t kRemoteTextSize = 228;
 using RemoteText = std::array<std::uint8_t, kRemoteTextSize>;
 
+/// Where the remote monitor listens: a named pipe (MS-RPCE 2.1.1.2, NCACN_NP).
+inline constexpr const char* kMonitorSequence = "ncacn_np";
+inline constexpr const char* kMonitorEndpoint = "\\pipe\\zlkrcmc";
+
 /// What a string binding is composed of (DCE 1.1 RPC, chapter 3, "String Bindings"). No options.
 struct StringBindingParts {
   std::string objectUuid;

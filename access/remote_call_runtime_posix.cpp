@@ -25,8 +25,6 @@ namespace {
 using std::chrono::milliseconds;
 
 // What the helper speaks; it is the run time of this one interface.
-constexpr std::string_view kProtocolSequence = "ncacn_np";
-constexpr std::string_view kEndpoint = "\\pipe\\zlkrcmc";
 constexpr std::uint32_t kConnectLevel = 2;  // RPC_C_AUTHN_LEVEL_CONNECT
 constexpr std::uint32_t kNtlmService = 10;  // RPC_C_AUTHN_WINNT
 
@@ -46,8 +44,8 @@ class HelperRuntime : public RemoteCallRuntime {
 
   RemoteStatus BindingFromComposed(ComposedBinding* composed, BindingHandle*& binding) override {
     if (composed == nullptr) return kInvalidArgument;
-    if (composed->parts.protocolSequence != kProtocolSequence) return kUnsupportedSequence;
-    if (composed->parts.endpoint != kEndpoint) return kInvalidEndpoint;
+    if (composed->parts.protocolSequence != kMonitorSequence) return kUnsupportedSequence;
+    if (composed->parts.endpoint != kMonitorEndpoint) return kInvalidEndpoint;
     auto* made = new (std::nothrow) BindingHandle;
     if (made == nullptr) return kNoMemory;
     made->machine = composed->parts.networkAddress;

@@ -7,8 +7,6 @@ namespace {
 
 // The interface is its own object: the service registers it under the same UUID.
 constexpr const char* kObjectUuid = "5c2e9a41-7b3d-4f08-a6e2-19d04c7b3e55";
-constexpr const char* kProtocolSequence = "ncacn_np";
-constexpr const char* kEndpoint = "\\pipe\\zlkrcmc";
 
 // RPC_C_AUTHN_LEVEL_CONNECT, RPC_C_AUTHN_WINNT and RPC_C_AUTHZ_NONE.
 constexpr BindingAuthentication kAuthentication = {.level = 2, .service = 10, .authorisation = 0};
@@ -24,9 +22,9 @@ RemoteStatus RemoteMonitorClient::Connect(const std::string& machineName,
   if (bound_) return RM_E_ALREADY_OPEN;
   ComposedBinding* composed = nullptr;
   RemoteStatus status = runtime_.ComposeStringBinding({.objectUuid = kObjectUuid,
-                                                       .protocolSequence = kProtocolSequence,
+                                                       .protocolSequence = kMonitorSequence,
                                                        .networkAddress = machineName,
-                                                       .endpoint = kEndpoint},
+                                                       .endpoint = kMonitorEndpoint},
                                                       composed);
   if (status != kRemoteOk) return status;
 

@@ -335,7 +335,7 @@ void DescribeFirmware(EventData data, TextSink& out) {
 }
 
 // The codes that share no message shape with another one.
-void DescribeOwnShape(std::uint16_t code, EventData data, TextSink& out) {
+void DescribeUnshared(std::uint16_t code, EventData data, TextSink& out) {
   switch (code) {
     case 1:
       return DescribeDenial(kInadequatePower, NameAt(kPowerOnDenials, data.Byte<4>(), kUnknown),
@@ -382,7 +382,7 @@ void DescribeInfrastructureEvent(std::uint16_t code, EventData data, TextSink& o
   } else if (const auto* const blowerRow = Find(kBlowerRows, code)) {
     DescribeBlower(blowerRow->message, data, out);
   } else {
-    DescribeOwnShape(code, data, out);
+    DescribeUnshared(code, data, out);
   }
 }
 
