@@ -39,7 +39,8 @@ std::size_t RowOf(long item) {
 
 CEventViewerView::CEventViewerView(wxWindow* parent)
     : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                 wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_THEME) {
+                 wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_THEME),
+      rowTexts_(*this, [this](long row, long column) { return TextAt(row, column); }) {
   SetSmallImages(ListPictures());
   SetAccessibleName(*this, TextOf(StringId::kListName));
   KeepScrollBarsBesideRows(*this);
@@ -59,11 +60,7 @@ void CEventViewerView::BindHeader() {
     if (child->GetName() != kNameOfDrawnHeader) continue;
     child->Bind(wxEVT_LEFT_DCLICK, [this, child](wxMouseEvent& event) {
       event.Skip();
-      if (IsBetweenColumns(event.GetX())) {  // fits the column to its texts, which are whole then
-        wantsWholeTexts_ = true;
-        CallAfter([this] { wantsWholeTexts_ = false; });
-        return;
-      }
+      if (IsBetweenColumns(event.GetX())) return;  // it fits the column to its texts
       wxMouseEvent press(event);
       press.SetEventType(wxEVT_LEFT_DOWN);
       child->HandleWindowEvent(press);
@@ -90,12 +87,15 @@ void CEventViewerView::TakeFocus() {
   if (!wantsFocus_ && IsEnabled()) SetFocus();
 }
 
-wxString CEventViewerView::OnGetItemText(long row, long column) const {
+std::string CEventViewerView::TextAt(long row, long column) const {
   const std::size_t index = RowOf(row);
   if (model_ == nullptr || index >= model_->rowCount()) return {};
-  const wxString text = ToWx(CellText(*model_, index, static_cast<Column>(column)));
-  if (wantsWholeTexts_) return text;
-  return fitting_.Shorten(text, static_cast<int>(column));
+  return CellText(*model_, index, static_cast<Column>(column));
+}
+
+wxString CEventViewerView::OnGetItemText(long row, long column) const {
+  if (rowTexts_.TakesOver(row)) return {};
+  return ToWx(TextAt(row, column));
 }
 
 int CEventViewerView::OnGetItemImage(long row) const {

@@ -4,6 +4,7 @@
 #include <wx/listctrl.h>
 
 #include <functional>
+#include <string>
 #include <utility>
 
 #include "viewer/model/list_control.h"
@@ -37,10 +38,10 @@ class CEventViewerView : public wxListCtrl {
  private:
   void BindHeader();
   bool IsBetweenColumns(int x);
+  std::string TextAt(long row, long column) const;
 
   const ListModel* model_ = nullptr;
-  FittingText fitting_{*this};
-  bool wantsWholeTexts_ = false;
+  const RowTexts rowTexts_;
   bool isQuiet_ = false;
   bool wantsFocus_ = false;
 };

@@ -3,7 +3,9 @@
 
 #include <wx/listctrl.h>
 
-#include <array>
+#include <functional>
+#include <memory>
+#include <string>
 
 namespace qvl {
 
@@ -14,22 +16,24 @@ namespace qvl {
 /// all drawn anew for each step, a dozen times after every click.
 void KeepScrollBarsBesideRows(wxListCtrl& list);
 
-/// Shortens texts for a list that measures a text again for every character it leaves out, which
-/// would be most of what painting takes.
-class FittingText {
+/// Draws the texts of a list over the rows that the list itself has painted without them. The
+/// toolkit lays each text out three times, and measures one that is too long for every character
+/// that it leaves out, which would be most of what painting takes.
+class RowTexts {
  public:
-  /// list  outlives this object; texts are measured in its font.
-  explicit FittingText(const wxListCtrl& list) : list_(list) {}
+  /// A cell's text, UTF-8.
+  using TextOf = std::function<std::string(long row, long column)>;
 
-  /// `text`, or the beginning of it that fits into the column, with an ellipsis behind it.
-  wxString Shorten(const wxString& text, int column) const;
+  /// list  outlives this object.
+  RowTexts(wxListCtrl& list, TextOf textOf);
+  ~RowTexts();
+
+  /// True while the list paints: it is to get no text for this row then, which this object draws.
+  bool TakesOver(long row) const;
 
  private:
-  int RoomIn(int column) const;
-  double WidthOf(wxUniChar character) const;
-
-  const wxListCtrl& list_;
-  mutable std::array<double, 128> widths_{};  // 0 until measured
+  class Painter;
+  const std::unique_ptr<Painter> painter_;  // none where the list is left as it is
 };
 
 }  // namespace qvl

@@ -4,9 +4,14 @@ namespace qvl {
 
 void KeepScrollBarsBesideRows(wxListCtrl& /*list*/) {}
 
-// The list shows the whole text beside the pointer.
-wxString FittingText::Shorten(const wxString& text, int /*column*/) const {
-  return text;
+class RowTexts::Painter {};
+
+RowTexts::RowTexts(wxListCtrl& /*list*/, TextOf /*textOf*/) {}
+
+RowTexts::~RowTexts() = default;
+
+bool RowTexts::TakesOver(long /*row*/) const {
+  return false;
 }
 
 }  // namespace qvl
