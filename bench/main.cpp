@@ -2,12 +2,12 @@
 //   qvl_bench LOG FOLDER [Google Benchmark's options]
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <map>
 #include <string>
 #include <vector>
 
+#include "bench/measuring.h"
 #include "bench/scratch.h"
 
 namespace qvl::bench {
@@ -30,10 +30,8 @@ class Collector : public benchmark::BenchmarkReporter {
   }
 
   double Seconds(const std::string& name) {
-    std::vector<double>& values = seconds_[name];
-    if (values.empty()) return 0;
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
+    const std::vector<double>& values = seconds_[name];
+    return values.empty() ? 0 : Median(values);
   }
   double Counter(const std::string& name) { return counters_[name]; }
   const std::vector<std::string>& failures() const { return failures_; }
@@ -63,10 +61,6 @@ constexpr RatioRow kRatios[] = {
     {"sort by initial time : radix sort",           "figure/sort by initial time", "limit/radix sort",          2  },
     {"qvlog --version : one-line static C program", "figure/start",                "limit/start",               2  },
 };
-
-const char* Verdict(bool met) {
-  return met ? "met" : "MISSED";
-}
 
 void PrintRatios(Collector& results) {
   std::printf("%-46s %12s %12s %8s %8s\n", "figure : limit, one core", "figure", "limit", "ratio",

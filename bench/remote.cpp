@@ -3,18 +3,14 @@
 //
 //   qvl_remote_bench read MACHINE            reads the log, against bare calls of the same sizes
 //   qvl_remote_bench start MACHINE PROGRAM   starts batch mode; the service must refuse the user,
-//   so
-//                                            that the run ends with its first call
-#include <fcntl.h>
-#include <spawn.h>
+//                                            so that the run ends with its first call
 #include <sys/resource.h>
 #include <sys/wait.h>
 
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdint>
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,8 +18,7 @@
 #include "access/log_walk.h"
 #include "access/remote_call_helper/samba_connection.h"
 #include "access/remote_monitor_client.h"
-
-extern char** environ;
+#include "bench/measuring.h"
 
 namespace qvl::bench {
 namespace {
@@ -34,26 +29,13 @@ constexpr double kMostStartSeconds = 0.050;
 constexpr std::uint32_t kReadLogEntry = 1;
 constexpr std::size_t kReadReplySize = 268;
 
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
-
-const char* Verdict(bool met) {
-  return met ? "met" : "MISSED";
-}
-
-double SecondsSince(std::chrono::steady_clock::time_point begun) {
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
-}
-
 // Entries a second through the program's own client; 0 after a failure.
 double ReadRate(const std::string& machine, std::size_t& entries) {
   RemoteMonitorClient& client = ProcessRemoteMonitorClient();
   std::int32_t isAdministrator = 0;
   if (client.Connect(machine, isAdministrator) != kRemoteOk) return 0;
   entries = 0;
-  const auto begun = std::chrono::steady_clock::now();
+  const auto begun = Clock::now();
   const WalkResult result = WalkLog(client, [&entries](const RawLogEntry&) {
     ++entries;
     return true;
@@ -69,7 +51,7 @@ double BareRate(const std::string& machine, std::size_t calls) {
   SambaConnection connection;
   if (connection.Connect(machine) != kRemoteOk) return 0;
   const std::array<std::uint8_t, 8> request{};  // entry 0, reserved 0
-  const auto begun = std::chrono::steady_clock::now();
+  const auto begun = Clock::now();
   for (std::size_t i = 0; i < calls; ++i) {
     const CallResult result = connection.Call(kReadLogEntry, request);
     if (result.end != CallEnd::kReturned || result.reply.size() != kReadReplySize) return 0;
@@ -103,18 +85,11 @@ int Read(const std::string& machine) {
 
 // Processor time of one batch run and of what it started; below 0 after a failure.
 double StartSeconds(const std::string& machine, const std::string& program) {
-  std::string machineSwitch = "/m:" + machine;
-  std::string runLogSwitch = "/f:start.log";
-  std::string path = program;
-  const std::array<char*, 4> arguments = {path.data(), runLogSwitch.data(), machineSwitch.data(),
-                                          nullptr};
-  pid_t process = 0;
-  if (::posix_spawn(&process, path.c_str(), nullptr, nullptr, arguments.data(), environ) != 0) {
-    return -1;
-  }
+  const std::optional<pid_t> process = StartProgram({program, "/f:start.log", "/m:" + machine});
+  if (!process) return -1;
   int status = 0;
   rusage usage = {};
-  if (::wait4(process, &status, 0, &usage) != process || !WIFEXITED(status) ||
+  if (::wait4(*process, &status, 0, &usage) != *process || !WIFEXITED(status) ||
       WEXITSTATUS(status) != 1) {
     return -1;
   }

@@ -7,26 +7,24 @@
 // without a folder: an argument that begins with a slash starts batch mode.
 #include <fcntl.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "bench/measuring.h"
 #include "bench/screen_watch.h"
 #include "entries/entry_list.h"
 #include "files/log_file.h"
 #include "texts/strings.h"
 #include "viewer/model/list_model.h"
-
-extern char** environ;
 
 namespace qvl::bench {
 namespace {
@@ -45,36 +43,18 @@ constexpr int kFirstColumn = 20;
 constexpr int kIntoHeading = 6;  // the last one shows little more
 constexpr int kLinesOfText = 60;
 
-using Clock = std::chrono::steady_clock;
-
-double Seconds(Clock::duration duration) {
-  return std::chrono::duration<double>(duration).count();
-}
-
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
-
 [[noreturn]] void GiveUp(const char* what) {
   std::fprintf(stderr, "%s\n", what);
   std::exit(1);
 }
 
-// A program that is ended with this object, its standard output in a pipe or thrown away.
+// A program that is ended with this object.
 class Program {
  public:
-  Program(std::vector<std::string> words, int output) {
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    if (output >= 0) posix_spawn_file_actions_adddup2(&actions, output, 1);
-    std::vector<char*> arguments;
-    for (std::string& word : words) arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    if (::posix_spawn(&process_, arguments[0], &actions, nullptr, arguments.data(), environ) != 0) {
-      GiveUp("a program cannot be started");
-    }
-    posix_spawn_file_actions_destroy(&actions);
+  explicit Program(const std::vector<std::string>& words, int output = -1) {
+    const std::optional<pid_t> process = StartProgram(words, output);
+    if (!process) GiveUp("a program cannot be started");
+    process_ = *process;
   }
   ~Program() {
     ::kill(process_, SIGTERM);
@@ -98,7 +78,7 @@ double SecondsToFirstLine(const std::string& qvlog, const std::string& log) {
   while (byte != '\n') {
     if (::read(ends[0], &byte, 1) != 1) GiveUp("qvlog lists nothing");
   }
-  const double seconds = Seconds(Clock::now() - begun);
+  const double seconds = SecondsSince(begun);
   ::close(ends[0]);
   return seconds;
 }
@@ -143,7 +123,7 @@ void PrintRow(const char* what, const std::vector<double>& figures,
   for (std::size_t i = 0; i < figures.size(); ++i) ratios.push_back(figures[i] / limits[i]);
   const double ratio = Median(ratios);
   std::printf("%-46s %9.3f ms %9.3f ms %8.2f %8.2f  %s\n", what, Median(figures) * 1e3,
-              Median(limits) * 1e3, ratio, atMost, ratio <= atMost ? "met" : "MISSED");
+              Median(limits) * 1e3, ratio, atMost, Verdict(ratio <= atMost));
   std::fflush(stdout);
 }
 
@@ -154,7 +134,7 @@ void MeasureStarts(ScreenWatch& screen, const std::string& qvlog, const std::str
   for (int i = 0; i < kStarts; ++i) {
     lines.push_back(SecondsToFirstLine(qvlog, log));
     const Clock::time_point begun = Clock::now();
-    const Program program({viewer, log}, -1);
+    const Program program({viewer, log});
     ShownWindow window;
     starts.push_back(Seconds(WaitForRows(screen, window) - begun));
   }
@@ -175,7 +155,7 @@ double SecondsOfClick(ScreenWatch& screen, const ShownWindow& window, int x) {
 double SecondsOfSort(ListModel& model, Column column) {
   const Clock::time_point begun = Clock::now();
   model.ClickHeader(column);
-  return Seconds(Clock::now() - begun);
+  return SecondsSince(begun);
 }
 
 void MeasureClicks(ScreenWatch& screen, const std::string& viewer, const std::string& log) {
@@ -183,7 +163,7 @@ void MeasureClicks(ScreenWatch& screen, const std::string& viewer, const std::st
   if (!LoadLogFile(log, entries).ok()) GiveUp("the log cannot be loaded");
   ListModel model(entries);
   model.Refill(kNow);
-  const Program program({viewer, log}, -1);
+  const Program program({viewer, log});
   ShownWindow window;
   WaitForRows(screen, window);
   int left = window.place.x;

@@ -11,6 +11,7 @@ namespace qvl {
 
 /// The text of a number in the process's language with its two-character conversions ("%s", "%u")
 /// replaced by the arguments in order. What an argument holds is never taken for a conversion.
+/// Without arguments it is what `GetString` views, as a text of one's own.
 std::string FilledText(StringId id, std::initializer_list<std::string_view> arguments = {});
 
 }  // namespace qvl

@@ -59,22 +59,32 @@ void AddTime(CLI::App& app, const char* name, std::chrono::milliseconds& value, 
   app.add_option_function<std::string>(name, parse, help)->type_name("MS");
 }
 
+// A switch that could never fail anything is a mistake: whoever gave it waits for a failure.
+template <typename Number>
+void AddFailure(const std::string& pair, Number lowest, std::map<Number, RemoteStatus>& failures) {
+  const std::string_view text = pair;
+  const std::size_t equals = text.find('=');
+  Number number = 0;
+  RemoteStatus status = 0;
+  if (equals == std::string_view::npos || !ParseNumber(text.substr(0, equals), number) ||
+      !ParseStatus(text.substr(equals + 1), status)) {
+    throw CLI::ValidationError("'" + pair + "' is no NUMBER=STATUS");
+  }
+  if (number < lowest) {
+    throw CLI::ValidationError("'" + pair + "': the first number is " + std::to_string(lowest));
+  }
+  if (status == kRemoteOk) {
+    throw CLI::ValidationError("'" + pair + "': the status 0 is no failure");
+  }
+  failures[number] = status;
+}
+
 // An option that may be given several times, each with a number and the status it gets.
 template <typename Number>
-void AddFailures(CLI::App& app, const char* name, std::map<Number, RemoteStatus>& failures,
-                 const char* help) {
-  const auto parse = [&failures](const std::vector<std::string>& given) {
-    for (const std::string& pair : given) {
-      const std::string_view text = pair;
-      const std::size_t equals = text.find('=');
-      Number number = 0;
-      RemoteStatus status = 0;
-      if (equals == std::string_view::npos || !ParseNumber(text.substr(0, equals), number) ||
-          !ParseStatus(text.substr(equals + 1), status)) {
-        throw CLI::ValidationError("'" + pair + "' is no NUMBER=STATUS");
-      }
-      failures[number] = status;
-    }
+void AddFailures(CLI::App& app, const char* name, Number lowest,
+                 std::map<Number, RemoteStatus>& failures, const char* help) {
+  const auto parse = [&failures, lowest](const std::vector<std::string>& given) {
+    for (const std::string& pair : given) AddFailure(pair, lowest, failures);
   };
   app.add_option_function<std::vector<std::string>>(name, parse, help)
       ->type_name("NUMBER=STATUS")
@@ -113,8 +123,10 @@ void AddAnswers(CLI::App& app, TrialOptions& options) {
 }
 
 void AddFailures(CLI::App& app, TrialOptions& options) {
-  AddFailures(app, "--fail-call", options.failCalls, "Fail the call of this number");
-  AddFailures(app, "--fail-entry", options.failEntries, "Fail a read that asks for this entry");
+  AddFailures<std::uint64_t>(app, "--fail-call", 1, options.failCalls,
+                             "Fail the call of this number");
+  AddFailures<std::uint32_t>(app, "--fail-entry", 0, options.failEntries,
+                             "Fail a read that asks for this entry");
   AddNumber(app, "--die-in-call", "NUMBER", options.dieInCall,
             "End without an answer in the call of this number");
   AddTime(app, "--delay", options.delay, "Answer every call so much later");

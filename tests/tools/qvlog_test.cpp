@@ -16,6 +16,7 @@
 #include "tests/fakes/console.h"
 #include "tests/files/file_fixtures.h"
 #include "tests/support/golden.h"
+#include "tools/qvlog/command_line.h"
 #include "tools/qvlog/visible_text.h"
 #include "tools/sample/sample_log.h"
 
@@ -159,6 +160,22 @@ TEST(QvlogCommandLine, ANameInBracketsIsAName) {
   const Result result = Qvlog({"list", "[missing]"});
   EXPECT_EQ(result.status, 1);
   EXPECT_TRUE(Contains(result.error, "[missing]")) << result.error;
+}
+
+TEST(QvlogCommandLine, WhatIsNoFileKeepsItsBrackets) {
+  const auto parsed = [](const std::vector<std::string>& arguments) {
+    return ParseCommandLine(arguments).run.value_or(CommandLine{});
+  };
+  EXPECT_EQ(parsed({"read", "[x]"}).machine, "[x]");
+  EXPECT_EQ(parsed({"export", "--machine", "[x]", "a.qvx"}).machine, "[x]");
+  EXPECT_EQ(parsed({"export", "-o", "[x]", "a.qvx"}).output, "[x]");
+  const CommandLine list = parsed({"list", "--text", "[a,b]", "--no-header", "[a,b]", "[c]"});
+  EXPECT_EQ(list.selection.text, "[a,b]");
+  EXPECT_EQ(list.files, (std::vector<std::string>{"./[a,b]", "./[c]"}));
+  EXPECT_EQ(parsed({"list", "--", "--text", "[a,b]"}).files,
+            (std::vector<std::string>{"--text", "./[a,b]"}));
+  const Result result = Qvlog({"list", "--class", "[x]", "a.qvx"});
+  EXPECT_TRUE(Contains(result.error, "'[x]' is not one of")) << result.error;
 }
 
 TEST(QvlogCommandLine, ANameThatBeginsWithASlashIsAName) {

@@ -84,6 +84,10 @@ constexpr const char* kMistakes[] = {
     "--fail-call 3=0x log.qvx",
     "--fail-call 3=0x123456789 log.qvx",
     "--fail-call -1=5 log.qvx",
+    "--fail-call 0=5 log.qvx",
+    "--fail-call 1=5 --fail-call 0=5 log.qvx",
+    "--fail-call 3=0 log.qvx",
+    "--fail-entry 17=0x0 log.qvx",
     "--fail-entry 4294967296=5 log.qvx",
     "--die-in-call 0 log.qvx",
     "--delay 1s log.qvx",
@@ -100,6 +104,19 @@ TEST(TrialOptionsTest, MistakesEndWithTheUsageStatusAndNameWhatIsWrong) {
     EXPECT_EQ(*parsed.ended, 2) << line;
     EXPECT_FALSE(parsed.text.empty());
   }
+}
+
+TEST(TrialOptionsTest, WhatWouldNeverFailIsRefused) {
+  const std::string call = Parse(Words("--fail-call 0=5 log.qvx")).text;
+  EXPECT_NE(call.find("'0=5': the first number is 1"), std::string::npos) << call;
+  const std::string status = Parse(Words("--fail-call 3=0 log.qvx")).text;
+  EXPECT_NE(status.find("'3=0': the status 0 is no failure"), std::string::npos) << status;
+}
+
+TEST(TrialOptionsTest, EntryZeroIsWhatTheFirstReadAsksFor) {
+  const Parsed parsed = Parse(Words("--fail-entry 0=5 log.qvx"));
+  ASSERT_FALSE(parsed.ended) << parsed.text;
+  EXPECT_TRUE(parsed.options.failEntries.contains(0));
 }
 
 TEST(TrialOptionsTest, HelpAndVersionEndWithSuccess) {

@@ -6,6 +6,7 @@
 #include <span>
 #include <sstream>
 #include <string_view>
+#include <utility>
 
 #include "access/machine_name.h"
 #include "tools/qvlog/parsing.h"
@@ -235,16 +236,40 @@ constexpr CommandRow kCommands[] = {
     {"read",     Command::kRead,     "Read the log of a machine",                 AddRead   },
 };
 
+// The command that the arguments call, or nothing.
+const CLI::App* CalledCommand(const CLI::App& app, const std::vector<std::string>& arguments) {
+  for (const std::string& argument : arguments) {
+    const std::vector<const CLI::App*> called = app.get_subcommands(
+        [&argument](const CLI::App* command) { return command->get_name() == argument; });
+    if (!called.empty()) return called.front();
+  }
+  return nullptr;
+}
+
+// True for an option whose value is the next argument.
+bool TakesNext(const CLI::App& command, const std::string& argument) {
+  if (!argument.starts_with("-")) return false;
+  const CLI::Option* const option = command.get_option_no_throw(argument);
+  return option != nullptr && option->get_items_expected_max() > 0;
+}
+
 // What CLI11 would read otherwise than a user means it.
-std::vector<std::string> Prepared(const std::vector<std::string>& arguments) {
+std::vector<std::string> Prepared(const CLI::App& app, const std::vector<std::string>& arguments) {
   std::vector<std::string> prepared = arguments;
+  const CLI::App* const command = CalledCommand(app, arguments);
+  const bool takesFiles = command != nullptr && command->get_option_no_throw("FILE") != nullptr;
+  bool isValue = false;
+  bool optionsEnded = false;
   for (std::string& argument : prepared) {
+    const bool isFile = takesFiles && !std::exchange(isValue, false);
     // Brackets would be a list of names, and this is the name of a file.
-    if (argument.starts_with("[")) argument.insert(0, "./");
+    if (isFile && argument.starts_with("[")) argument.insert(0, "./");
     // The next argument would become the value.
     if (argument.starts_with("--") && argument.find('=') == argument.size() - 1) {
       throw CLI::ValidationError("'" + argument + "' has no value");
     }
+    if (argument == "--") optionsEnded = true;
+    isValue = isFile && !optionsEnded && TakesNext(*command, argument);
   }
   return prepared;
 }
@@ -284,7 +309,7 @@ ParsedCommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   app.footer(kExamples);  // now, so that the commands do not repeat it
   ParsedCommandLine parsed;
   try {
-    std::vector<std::string> reversed = Prepared(arguments);
+    std::vector<std::string> reversed = Prepared(app, arguments);
     std::reverse(reversed.begin(), reversed.end());
     app.parse(reversed);
     if (version) {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "files/unicode_text.h"
+#include "texts/filled_text.h"
 
 namespace qvl {
 namespace {
@@ -56,7 +57,7 @@ std::vector<EntryField> EntryFields(const CEventLogEntry& entry) {
   const RawLogEntry& raw = entry.raw();
   std::vector<EntryField> fields;
   const auto add = [&fields](StringId label, std::string value) {
-    fields.push_back({std::string(GetString(label)), std::move(value)});
+    fields.push_back({FilledText(label), std::move(value)});
   };
   const auto cell = [&entry](Column column) { return Utf8FromText(entry.GetColumnText(column)); };
   add(StringId::kColumnDescription, cell(Column::kDescription));

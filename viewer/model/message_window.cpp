@@ -4,11 +4,12 @@
 
 #include "access/status_texts.h"
 #include "files/unicode_text.h"
+#include "texts/filled_text.h"
 
 namespace qvl {
 
 MessageAnswer ShowTextMessage(MessageWindow& window, std::string text, MessageIcon icon) {
-  return window.Show({.caption = std::string(GetString(StringId::kApplicationTitle)),
+  return window.Show({.caption = FilledText(StringId::kApplicationTitle),
                       .text = std::move(text),
                       .icon = icon,
                       .yesLabel = {},
@@ -16,7 +17,7 @@ MessageAnswer ShowTextMessage(MessageWindow& window, std::string text, MessageIc
 }
 
 MessageAnswer ShowResourceMessage(MessageWindow& window, StringId id, MessageIcon icon) {
-  return ShowTextMessage(window, std::string(GetString(id)), icon);
+  return ShowTextMessage(window, FilledText(id), icon);
 }
 
 MessageAnswer ShowStatusMessage(MessageWindow& window, RemoteStatus status, MessageIcon icon) {
