@@ -144,14 +144,25 @@ context_menu() {
   must "a menu opens where it was clicked" looks_other $whole
   key Down Return
   check "its one command marks the entry" selected_row_holds Repaired
-  key Down
-  remember_look $whole
-  key Menu
-  must "the keyboard opens it too" looks_other $whole
-  key Down Return
+  opens_at_row Menu Down
   check "and marks the next entry" selected_row_holds Repaired
+  opens_at_row shift+F10 Down Down Down Down Down Down
+  check "and one further down" selected_row_holds Repaired
   close_viewer
   end_service
+}
+# opens_at_row KEY WAY...: at the row where the way leads, wherever the pointer rests.
+opens_at_row() {
+  menu_key=$1
+  shift
+  xdotool mousemove --window "$main" 600 300
+  key "$@"
+  must "the row is seen" selected_row_is_seen
+  below_row="$main 0 $((row_y + 30)) 400 40"
+  remember_look $below_row
+  key "$menu_key"
+  must "$menu_key opens it below the row" looks_other $below_row
+  key Down Return
 }
 
 # ---- Saving over a longer log ----
@@ -193,6 +204,40 @@ tail_remains() {
   close_viewer
 }
 
+# ---- Texts of the rows ----
+
+# part_of_rows X Y WIDTH HEIGHT FORMAT: what the pixels of that part are like; Y from the first row.
+part_of_rows() {
+  timeout 10 import -window "$main" -crop "$3x$4+$1+$((row_y + $2))" +repage png:- |
+    convert png:- -colorspace gray -format "%[fx:int($5)]" info:
+}
+is_at_least() {
+  least=$1
+  shift
+  [ "$("$@")" -ge "$least" ]
+}
+is_at_most() {
+  most=$1
+  shift
+  [ "$("$@")" -le "$most" ]
+}
+# The second row and those below it; the first one is selected. The first column ends at 365.
+row_texts() {
+  [ "$system" = linux ] || return 0
+  open_viewer "$demo"
+  check "the log is listed" shows_rows 200
+  find_header
+  check "a selected row has light letters" is_at_least 95 part_of_rows 30 2 300 18 '100*maxima'
+  check "the others have dark ones" is_at_most 20 part_of_rows 30 26 300 18 '100*minima'
+  check "a long text comes near the next column" \
+    is_at_most 50 part_of_rows 325 26 30 160 '100*minima'
+  check "and ends before it" is_at_most 0 part_of_rows 358 26 7 160 '100*(maxima-minima)'
+  xdotool mousemove --window "$main" 365 "$header_y" click --repeat 2 --delay 40 1
+  check "a column is fitted to its texts" is_at_least 50 part_of_rows 358 26 7 160 \
+    '100*(maxima-minima)'
+  close_viewer
+}
+
 start_screen
 forget_settings
 copying
@@ -202,4 +247,5 @@ details
 over_time
 context_menu
 tail_remains
+row_texts
 report

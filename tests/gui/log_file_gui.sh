@@ -45,12 +45,7 @@ expect_filtered() {
 }
 
 filter() {
-  key ctrl+f
-  expect_dialog "the filter dialog"
-  key alt+s
-  key Down
-  choose_ok
-  expect_main "the filter dialog has gone"
+  show_critical_only
   expect_filtered "critical entries only" --severity Critical
 
   key ctrl+f

@@ -105,9 +105,26 @@ japanese() {
   keep_picture preview
   key Escape
   expect_main "the preview has gone"
+  key F1
+  check "the help is Japanese" shows_japanese_help
+  keep_picture help
+  xdotool windowactivate "$main"
   close_viewer
   speak_english
   forget_settings
+}
+# The page's own title. Windows' viewer has the book's, which differs by a word only: it is ASCII.
+shows_japanese_help() {
+  case $system in
+    linux) shows_window 'ヘルプ: Quarvel ログ ビューアー' ;;
+    windows) shows_window "$english_title" ;;
+  esac
+}
+shows_window() {
+  for window in $(xdotool search --onlyvisible --class zlkqvxv 2>/dev/null); do
+    [ "$(name_of "$window")" != "$1" ] || return 0
+  done
+  return 1
 }
 headings_are_japanese() { copied ctrl+c | head -n 1 | grep -q '説明.*クラス.*重大度'; }
 

@@ -16,12 +16,7 @@ open_and_refresh() {
   check "the machine's log is listed" shows_rows 200
   nothing_comes_of ctrl+z
 
-  key ctrl+f
-  expect_dialog "the filter dialog"
-  key alt+s
-  key Down
-  choose_ok
-  expect_main "the filter dialog has gone"
+  show_critical_only
   find_header
   click_at 420 "$header_y"
   expect_list "$demo" --sort class:asc --severity Critical

@@ -4,28 +4,48 @@
 set -u
 # shellcheck source=tests/gui/viewer.sh
 . "$(dirname "$0")/viewer.sh"
+# shellcheck source=tests/gui/extras.sh
+. "$root/tests/gui/extras.sh"
 # shellcheck disable=SC2154  # set by what is sourced
 
+damage_settings() {
+  case $system in
+    linux)
+      mkdir -p "$XDG_CONFIG_HOME/quarvel-log-viewer"
+      printf '[Software/Zelkor\nno line of settings\n\001\377=\n[[[' \
+        >"$XDG_CONFIG_HOME/quarvel-log-viewer/settings"
+      ;;
+    windows)
+      remember '' right 'no number'
+      remember '' state '-1'
+      remember '\Description' width 'as wide as it goes'
+      "$wine_run" reg add "HKCU\\$settings_key\\MRU" /v 0 /t REG_DWORD /d 4294967295 /f
+      "$wine_run" reg add "HKCU\\$settings_key" /v left /t REG_BINARY /d 01 /f
+      "$wine_run" reg add "HKCU\\$settings_key\\Recent File List" /v File1 /t REG_BINARY /d ff /f
+      ;;
+  esac >/dev/null 2>&1
+}
 damaged_settings() {
-  [ "$system" = linux ] || return 0
-  mkdir -p "$XDG_CONFIG_HOME/quarvel-log-viewer"
-  printf '[Software/Zelkor\nno line of settings\n\001\377=\n[[[' \
-    >"$XDG_CONFIG_HOME/quarvel-log-viewer/settings"
+  damage_settings
   open_viewer "$demo"
   check "damaged settings open no window" shows_rows 200
   must "the viewer ends" closing_ends_it
   wait "$viewer"
   check "the viewer ends well" [ $? -eq 0 ]
   viewer=
-  check "the damage is told on standard error" grep -q "'=' expected" "$folder/viewer.log"
-  check "the place is remembered again" [ -n "$(setting '' right)" ]
+  [ "$system" = windows ] ||
+    check "the damage is told on standard error" grep -q "'=' expected" "$folder/viewer.log"
+  check "the place is remembered again" is_a_number "$(setting '' right)"
+  check "and the columns" is_a_number "$(setting '\Description' width)"
+  check "and the file" setting_ends '\Recent File List' File1 demo.qvx
   forget_settings
 }
+is_a_number() { [ "$1" -ge 0 ] 2>/dev/null; }
 
 # Enter confirms a field; with Alt it is the key of the details.
 details_from_a_field() {
   open_viewer "$demo"
-  key alt+m
+  go_to_machine_box
   type_text nobody
   key alt+Return
   xdotool windowsize "$main" 900 600
@@ -47,10 +67,8 @@ a_second_window_waits() {
   # Keys of another window of the program mean nothing to the main one.
   key Escape
   expect_main "the filter dialog has gone"
-  key alt+l
-  key v
-  must "the preview" dialog_is_front
-  dialog=$front
+  menu l v
+  expect_preview
   key ctrl+m ctrl+f F1
   check "no dialog stands over the preview" dialog_is_back
   key alt+F4
@@ -85,5 +103,5 @@ forget_settings
 damaged_settings
 details_from_a_field
 a_second_window_waits
-[ "$system" = windows ] || two_windows
+two_windows
 report

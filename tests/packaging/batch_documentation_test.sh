@@ -38,12 +38,14 @@ program=$(sed -n '/^constexpr SwitchRow kSwitchRows/,/^};/s/^ *{"\([a-z]*:\{0,1\
 guide=$(sed -n 's/^| `\/\([a-z]*:\{0,1\}\).*/\1/p' "$tree/docs/batch.md" | sort)
 manual=$(sed -n '/^\.SH SWITCHES/,/^\.SH "EXIT/s/^\.BI* \/\([a-z][a-z]*:\{0,1\}\).*/\1/p' \
     "$tree/packaging/zlkqvxv.1" | sort)
-help_page=$tree/viewer/resources/help/batch.html
-help=$(sed -n 's/^<tr><td><tt>\/\([a-z]*:\{0,1\}\).*/\1/p' "$help_page" | sort)
+help_pages=("$tree/viewer/resources/help/batch.html" "$tree/viewer/resources/help/ja/batch.html")
 check "the program has switches" 9 "$(wc -w <<<"$program")"
 check "the switches of docs/batch.md" "$program" "$guide"
 check "the switches of the manual page" "$program" "$manual"
-check "the switches of the help" "$program" "$help"
+for page in "${help_pages[@]}"; do
+    check "the switches of $page" "$program" \
+        "$(sed -n 's/^<tr><td><tt>\/\([a-z]*:\{0,1\}\).*/\1/p' "$page" | sort)"
+done
 
 # The program itself takes all of them, and refuses one that none of them names.
 switches=()
@@ -63,8 +65,9 @@ check "what the program refuses" \
 for status in 0 1 2 3; do
     check "docs/batch.md tells of exit status $status" 1 \
         "$(grep -c "^| $status | " "$tree/docs/batch.md")"
-    check "the help tells of exit status $status" 1 \
-        "$(grep -c "^<tr><td>$status</td>" "$help_page")"
+    for page in "${help_pages[@]}"; do
+        check "$page tells of exit status $status" 1 "$(grep -c "^<tr><td>$status</td>" "$page")"
+    done
     check "the manual page tells of exit status $status" 1 \
         "$(grep -c "^\.B $status\$" "$tree/packaging/zlkqvxv.1")"
 done

@@ -54,7 +54,8 @@ installs() { cmake --install "$build" --prefix "$prefix" >"$folder/install.log";
 now "installing" installs
 for file in bin/qvlog bin/zlkqvxv libexec/quarvel-log-viewer/zlkqvxv-window \
   libexec/quarvel-log-viewer/zlkqvxv-rpc libexec/quarvel-log-viewer/zlkqvxv-print.so \
-  libexec/quarvel-log-viewer/zlkqvxv.htb share/man/man1/zlkqvxv.1 share/man/man1/qvlog.1; do
+  libexec/quarvel-log-viewer/zlkqvxv.htb libexec/quarvel-log-viewer/zlkqvxv_ja.htb \
+  share/man/man1/zlkqvxv.1 share/man/man1/qvlog.1; do
   now "$file is installed" [ -f "$prefix/$file" ]
 done
 
@@ -132,6 +133,31 @@ key F1
 check "F1 again opens no second one" are_titled "$help" 1
 closed
 check "the help has gone with the viewer" are_titled "$help" 0
+
+# Japanese titles cannot be searched for.
+shows_title() {
+  for window in $(xdotool search --onlyvisible --class zlkqvxv 2>/dev/null); do
+    [ "$(xdotool getwindowname "$window" 2>/dev/null)" != "$1" ] || return 0
+  done
+  return 1
+}
+# help_in_japanese LABEL TITLE: a Japanese viewer is opened, and F1 opens the help of this title.
+help_in_japanese() {
+  LOCPATH=$folder/locales LC_ALL=ja_JP.UTF-8 "$prefix/bin/zlkqvxv" DEMO.QVX \
+    >"$folder/launch.log" 2>&1 &
+  must "a Japanese viewer" shows_title 'Korvath Quarvel ログ ビューアー'
+  main=$window
+  viewer=$(xdotool getwindowpid "$main")
+  activate
+  key F1
+  check "$1" shows_title "$2"
+  closed
+}
+mkdir "$folder/locales"
+now "a Japanese locale is made" localedef -i ja_JP -f UTF-8 "$folder/locales/ja_JP.UTF-8"
+help_in_japanese "the help is Japanese" 'ヘルプ: Quarvel ログ ビューアー'
+rm "$prefix/libexec/quarvel-log-viewer/zlkqvxv_ja.htb"
+help_in_japanese "the English help stands in for it" 'ヘルプ: Quarvel Log Viewer'
 
 rm "$prefix/libexec/quarvel-log-viewer/zlkqvxv.htb"
 "$prefix/bin/zlkqvxv" DEMO.QVX >"$folder/launch.log" 2>&1 &

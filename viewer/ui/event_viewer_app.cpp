@@ -10,7 +10,7 @@
 #include "platform/system_names.h"
 #include "texts/strings.h"
 #include "viewer/ui/event_viewer_frame.h"
-#include "viewer/ui/front_window.h"
+#include "viewer/ui/message_boxes.h"
 #include "viewer/ui/message_pictures.h"
 #include "viewer/ui/toolkit_texts.h"
 #include "viewer/ui/user_settings.h"

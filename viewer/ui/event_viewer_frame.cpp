@@ -12,6 +12,7 @@
 #include "texts/filled_text.h"
 #include "viewer/model/start_up.h"
 #include "viewer/ui/about_dialog.h"
+#include "viewer/ui/front_window.h"
 #include "viewer/ui/window_placement.h"
 #include "viewer/ui/wx_text.h"
 
@@ -124,13 +125,26 @@ void CEventViewerFrame::UpdateSoon() {
   });
 }
 
-void CEventViewerFrame::OnContextMenu() {
+// The keyboard points nowhere: its menu opens below the row that it works on.
+wxPoint CEventViewerFrame::PlaceOfContextMenu(const wxContextMenuEvent& event) {
+  if (event.GetPosition() != wxDefaultPosition) return wxDefaultPosition;  // where the pointer is
+  std::size_t row = listAdapter_->FocusedRow();
+  if (row == ListControl::kNoRow) row = listAdapter_->NextSelectedRow(0);
+  const auto item = static_cast<long>(row);
+  list_->EnsureVisible(item);
+  wxRect place;
+  if (!list_->GetItemRect(item, place, wxLIST_RECT_LABEL)) return wxDefaultPosition;
+  const wxPoint below(std::max(place.x, 0), place.y + place.height);
+  return ScreenToClient(list_->ClientToScreen(below));
+}
+
+void CEventViewerFrame::OnContextMenu(wxContextMenuEvent& event) {
   if (!view_->OffersContextMenu()) return;
   const std::unique_ptr<wxMenu> menu(NewContextMenu());
   for (const MenuItem& item : ContextMenu()) {
     menu->Enable(IdOf(item.command), model_->IsEnabled(item.command));
   }
-  PopupMenu(menu.get());
+  PopupMenu(menu.get(), PlaceOfContextMenu(event));
 }
 
 void CEventViewerFrame::NotePlace() {

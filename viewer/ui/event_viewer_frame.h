@@ -16,11 +16,11 @@
 #include "viewer/ui/event_viewer_view.h"
 #include "viewer/ui/find_bar.h"
 #include "viewer/ui/frame_menu.h"
-#include "viewer/ui/front_window.h"
 #include "viewer/ui/help.h"
 #include "viewer/ui/histogram_strip.h"
 #include "viewer/ui/list_printing.h"
 #include "viewer/ui/machine_bar.h"
+#include "viewer/ui/message_boxes.h"
 #include "viewer/ui/own_dialogs.h"
 #include "viewer/ui/path_dialogs.h"
 #include "viewer/ui/system_clock.h"
@@ -73,7 +73,8 @@ class CEventViewerFrame : public wxFrame, public MainWindow {
   void OnCharHook(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
   void UpdateSoon();
-  void OnContextMenu();
+  void OnContextMenu(wxContextMenuEvent& event);
+  wxPoint PlaceOfContextMenu(const wxContextMenuEvent& event);
   void NotePlace();
 
   void ShowBar(wxWindow& bar, bool shown);

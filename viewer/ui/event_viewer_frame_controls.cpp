@@ -175,7 +175,7 @@ void CEventViewerFrame::BindListEvents() {
     if (event.GetColumn() >= 0) model_->ClickHeader(static_cast<Column>(event.GetColumn()));
     list_->Update();  // at once, and not with the next frame of the screen
   });
-  list_->Bind(wxEVT_CONTEXT_MENU, [this](wxContextMenuEvent&) { OnContextMenu(); });
+  list_->Bind(wxEVT_CONTEXT_MENU, &CEventViewerFrame::OnContextMenu, this);
 }
 
 }  // namespace qvl

@@ -5,12 +5,18 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace qvl {
 
-/// The program's help file: the program's own path with "chm" as its last three letters on
-/// Windows, a book of the toolkit's help window elsewhere.
+/// The help file in the process's language; the English one where that is missing, as it may be
+/// itself.
 std::string HelpFilePath();
+
+/// A help file by what its name adds to the English one's, before the extension. The English one is
+/// the program's own path with "chm" as its last three letters on Windows, a book of the toolkit's
+/// help window elsewhere.
+std::string HelpBookPath(std::string_view suffix);
 
 /// The help and its window, which closes with it.
 class Help {

@@ -4,6 +4,7 @@
 
 #include "platform/program_part.h"
 #include "viewer/ui/help.h"
+#include "viewer/ui/help_line_breaks.h"
 #include "viewer/ui/wx_text.h"
 
 namespace qvl {
@@ -21,8 +22,8 @@ void ReadArchives() {
 
 }  // namespace
 
-std::string HelpFilePath() {
-  return PathOfProgramPart("zlkqvxv.htb");
+std::string HelpBookPath(std::string_view suffix) {
+  return PathOfProgramPart("zlkqvxv" + std::string(suffix) + ".htb");
 }
 
 bool Help::Show() {
@@ -30,6 +31,7 @@ bool Help::Show() {
     const wxString path = PathToWx(HelpFilePath());
     if (!wxFileName::FileExists(path)) return false;
     ReadArchives();
+    BreakJapaneseLines();
     auto controller = std::make_unique<wxHtmlHelpController>(kParts);
     if (!controller->AddBook(wxFileName(path))) return false;
     controller_ = std::move(controller);

@@ -7,10 +7,10 @@
 
 namespace qvl {
 
-std::string HelpFilePath() {
+std::string HelpBookPath(std::string_view suffix) {
   wxString path = wxStandardPaths::Get().GetExecutablePath();
-  path.RemoveLast(3);
-  return FromWx(path + "chm");
+  path.RemoveLast(4);
+  return FromWx(path) + std::string(suffix) + ".chm";
 }
 
 bool Help::Show() {

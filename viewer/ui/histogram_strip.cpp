@@ -4,7 +4,6 @@
 #include <wx/settings.h>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "viewer/ui/accessible_name.h"
@@ -18,12 +17,7 @@ constexpr int kLaneHeight = 18;
 constexpr int kNarrowestBar = 3;
 constexpr int kWidestBar = 24;
 
-// As the pictures of the severities.
-const std::array<wxColour, SeverityHistogram::kSeverities>& LaneColours() {
-  static const std::array<wxColour, SeverityHistogram::kSeverities> colours = {
-      wxColour(200, 30, 30), wxColour(225, 160, 10), wxColour(40, 145, 65), wxColour(45, 100, 190)};
-  return colours;
-}
+static_assert(SeverityHistogram::kSeverities == kSeverityPictures);
 
 }  // namespace
 
@@ -113,7 +107,7 @@ void HistogramStrip::PaintLane(wxDC& dc, std::size_t lane, int barWidth) {
   dc.SetPen(wxPen(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNSHADOW)));
   dc.DrawLine(BarsLeft(), bottom, GetClientSize().x, bottom);
   dc.SetPen(*wxTRANSPARENT_PEN);
-  dc.SetBrush(wxBrush(LaneColours()[lane]));
+  dc.SetBrush(wxBrush(SeverityColours()[lane].inside));
   std::uint32_t most = 1;
   for (const SeverityHistogram::Counts& counts : histogram_.buckets()) {
     most = std::max(most, counts[lane]);

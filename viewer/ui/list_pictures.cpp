@@ -53,9 +53,9 @@ wxGraphicsPath Polygon(wxGraphicsContext& context, std::initializer_list<Point> 
   return path;
 }
 
-void Fill(wxGraphicsContext& context, const wxColour& inside, const wxColour& edge) {
-  context.SetBrush(wxBrush(inside));
-  context.SetPen(context.CreatePen(wxGraphicsPenInfo(edge, 1)));
+void Fill(wxGraphicsContext& context, const PictureColours& colours) {
+  context.SetBrush(wxBrush(colours.inside));
+  context.SetPen(context.CreatePen(wxGraphicsPenInfo(colours.edge, 1)));
 }
 
 void Stroke(wxGraphicsContext& context, const wxColour& colour, double width) {
@@ -63,8 +63,8 @@ void Stroke(wxGraphicsContext& context, const wxColour& colour, double width) {
   context.SetPen(context.CreatePen(wxGraphicsPenInfo(colour, width).Cap(wxCAP_ROUND)));
 }
 
+// Each of the four begins with its colours chosen.
 void DrawCritical(wxGraphicsContext& context) {
-  Fill(context, wxColour(200, 30, 30), wxColour(130, 10, 10));
   context.DrawPath(Polygon(
       context,
       {
@@ -83,7 +83,6 @@ void DrawCritical(wxGraphicsContext& context) {
 }
 
 void DrawCaution(wxGraphicsContext& context) {
-  Fill(context, wxColour(250, 190, 30), wxColour(140, 95, 0));
   context.DrawPath(Polygon(context, {
                                         {8,  1.5 },
                                         {15, 14.5},
@@ -95,7 +94,6 @@ void DrawCaution(wxGraphicsContext& context) {
 }
 
 void DrawRepaired(wxGraphicsContext& context) {
-  Fill(context, wxColour(40, 145, 65), wxColour(15, 90, 35));
   context.DrawEllipse(1.5, 1.5, 13, 13);
   Stroke(context, *wxWHITE, 2);
   context.StrokePath(Polygon(context,
@@ -108,7 +106,6 @@ void DrawRepaired(wxGraphicsContext& context) {
 }
 
 void DrawOther(wxGraphicsContext& context) {
-  Fill(context, wxColour(45, 100, 190), wxColour(20, 60, 130));
   context.DrawRoundedRectangle(1.5, 1.5, 13, 13, 2.5);
   Stroke(context, *wxWHITE, 2);
   context.StrokeLine(8, 7.6, 8, 11.6);
@@ -117,7 +114,7 @@ void DrawOther(wxGraphicsContext& context) {
 
 // A sheet with lines, the topmost one marked.
 void DrawProgram(wxGraphicsContext& context) {
-  Fill(context, *wxWHITE, wxColour(60, 70, 90));
+  Fill(context, {*wxWHITE, wxColour(60, 70, 90)});
   context.DrawRoundedRectangle(2.5, 1.5, 11, 13, 1.5);
   Stroke(context, wxColour(200, 30, 30), 1.6);
   context.StrokeLine(5, 4.8, 11, 4.8);
@@ -127,10 +124,26 @@ void DrawProgram(wxGraphicsContext& context) {
 
 }  // namespace
 
+const std::array<PictureColours, kSeverityPictures>& SeverityColours() {
+  static const std::array<PictureColours, kSeverityPictures> colours = {
+      PictureColours{wxColour(200, 30,  30),  wxColour(130, 10, 10) },
+      PictureColours{wxColour(250, 190, 30),  wxColour(140, 95, 0)  },
+      PictureColours{wxColour(40,  145, 65),  wxColour(15,  90, 35) },
+      PictureColours{wxColour(45,  100, 190), wxColour(20,  60, 130)}
+  };
+  return colours;
+}
+
 wxVector<wxBitmapBundle> ListPictures() {
+  constexpr std::array<void (*)(wxGraphicsContext&), kSeverityPictures> kDrawings = {
+      DrawCritical, DrawCaution, DrawRepaired, DrawOther};
   wxVector<wxBitmapBundle> pictures;
-  for (const auto& drawing : {DrawCritical, DrawCaution, DrawRepaired, DrawOther}) {
-    pictures.push_back(Bundle(drawing, {16, 24, 32}));
+  for (std::size_t image = 0; image < kSeverityPictures; ++image) {
+    const auto draw = [image, drawing = kDrawings[image]](wxGraphicsContext& context) {
+      Fill(context, SeverityColours()[image]);
+      drawing(context);
+    };
+    pictures.push_back(Bundle(draw, {16, 24, 32}));
   }
   return pictures;
 }

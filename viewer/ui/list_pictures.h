@@ -2,8 +2,22 @@
 #define QVL_VIEWER_UI_LIST_PICTURES_H_
 
 #include <wx/bmpbndl.h>
+#include <wx/colour.h>
+
+#include <array>
+#include <cstddef>
 
 namespace qvl {
+
+inline constexpr std::size_t kSeverityPictures = 4;
+
+struct PictureColours {
+  wxColour inside;
+  wxColour edge;
+};
+
+/// What stands for a severity in colour, in the order of its pictures.
+const std::array<PictureColours, kSeverityPictures>& SeverityColours();
 
 /// The pictures of the severities, in the order of `CellContent::image`: a red octagon with a
 /// cross, an amber triangle with a stroke and a dot, a green disc with a tick, a blue square with

@@ -4,6 +4,7 @@
 #include <wx/dcmemory.h>
 #include <wx/prntbase.h>
 #include <wx/textctrl.h>
+#include <wx/weakref.h>
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +17,7 @@
 #include "texts/filled_text.h"
 #include "viewer/model/page_printout.h"
 #include "viewer/ui/accessible_name.h"
-#include "viewer/ui/front_window.h"
+#include "viewer/ui/message_boxes.h"
 #include "viewer/ui/wx_text.h"
 
 namespace qvl {
@@ -81,8 +82,13 @@ class PreviewFrame : public wxPreviewFrame {
   PreviewFrame(wxPrintPreview* preview, wxFrame* owner, std::function<void()> closed)
       : wxPreviewFrame(preview, owner, owner->GetTitle(), owner->GetPosition(), owner->GetSize()),
         closed_(std::move(closed)) {
-    Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
+    // What is disabled behind the preview loses the keyboard, and nothing gets it back.
+    const wxWeakRef<wxWindow> focus = wxWindow::FindFocus();
+    Bind(wxEVT_CLOSE_WINDOW, [this, owner, focus](wxCloseEvent& event) {
       closed_();
+      owner->CallAfter([focus] {
+        if (focus) focus->SetFocus();
+      });
       event.Skip();
     });
   }

@@ -24,6 +24,11 @@ constexpr StringId kToolkitTexts[] = {
     StringId::kPrintingPage,     StringId::kPrintingPageOf,
 };
 
+// All texts of its help window stand together.
+bool IsOfHelpWindow(StringId id) {
+  return id >= StringId::kHelpTitle && id <= StringId::kHelpCancel;
+}
+
 using TextPair = std::pair<std::string_view, std::string_view>;
 
 void AppendNumber(std::uint32_t number, std::string& out) {
@@ -62,6 +67,9 @@ class NumberedTexts : public wxTranslationsLoader {
     };
     for (const StringId id : kToolkitTexts) {
       texts.emplace_back(GetString(id, Language::kEnglish), GetString(id));
+    }
+    for (const StringRow& row : AllStrings()) {
+      if (IsOfHelpWindow(row.id)) texts.emplace_back(row.english, row.japanese);
     }
     const std::string catalogue = Catalogue(texts);
     wxCharBuffer bytes(catalogue.size());

@@ -3,8 +3,8 @@
 
 namespace qvl {
 
-/// Gives the texts that the toolkit brings itself, in the preview and while it prints, in the
-/// process's language. Call once, when that stands and before the first window.
+/// Gives the texts that the toolkit brings itself, in the preview, while it prints and in its help
+/// window, in the process's language. Call once, when that stands and before the first window.
 void TranslateToolkit();
 
 }  // namespace qvl

@@ -4,7 +4,6 @@
 #include <wx/sizer.h>
 #include <wx/utils.h>
 
-#include "texts/filled_text.h"
 #include "viewer/ui/wx_text.h"
 
 namespace qvl {
@@ -50,7 +49,7 @@ CWorking::~CWorking() {
 
 void CWorking::ShowCount() {
   const std::string count = std::to_string(progress_.entriesRead.load());
-  count_->SetLabel(ToWx(FilledText(StringId::kEntriesRead, {count})));
+  count_->SetLabel(TextOf(StringId::kEntriesRead, {count}));
 }
 
 void CWorking::RequestCancel() {

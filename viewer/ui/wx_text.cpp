@@ -1,6 +1,7 @@
 #include "viewer/ui/wx_text.h"
 
 #include "files/unicode_text.h"
+#include "texts/filled_text.h"
 
 namespace qvl {
 
@@ -14,8 +15,8 @@ std::string FromWx(const wxString& text) {
   return std::string(bytes.data(), bytes.length());
 }
 
-wxString TextOf(StringId id) {
-  return ToWx(GetString(id));
+wxString TextOf(StringId id, std::initializer_list<std::string_view> arguments) {
+  return ToWx(FilledText(id, arguments));
 }
 
 }  // namespace qvl

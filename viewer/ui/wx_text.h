@@ -3,6 +3,7 @@
 
 #include <wx/string.h>
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -14,8 +15,8 @@ namespace qvl {
 wxString ToWx(std::string_view utf8);
 std::string FromWx(const wxString& text);
 
-/// A numbered text in the process's language.
-wxString TextOf(StringId id);
+/// A numbered text in the process's language, its conversions replaced as by `FilledText`.
+wxString TextOf(StringId id, std::initializer_list<std::string_view> arguments = {});
 
 /// Paths as the model has them: UTF-8 on Windows, bytes elsewhere.
 wxString PathToWx(const std::string& path);
