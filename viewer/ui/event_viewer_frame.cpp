@@ -165,10 +165,12 @@ void CEventViewerFrame::UpdateControls() {
   machineBar_->EnableRefresh(model_->IsEnabled(Command::kRefresh));
   const wxString filter = ToWx(model_->FilterPane());
   wxStatusBar& bar = *GetStatusBar();
-  const int widths[] = {-1, bar.GetTextExtent(filter).x + FromDIP(48)};
-  bar.SetStatusWidths(2, widths);
+  if (bar.GetStatusText(1) != filter) {  // what is set is painted, the same widths, too
+    const int widths[] = {-1, bar.GetTextExtent(filter).x + FromDIP(48)};
+    bar.SetStatusWidths(2, widths);
+    bar.SetStatusText(filter, 1);
+  }
   bar.SetStatusText(ToWx(model_->CountsPane()), 0);
-  bar.SetStatusText(filter, 1);
   UpdateDetails();
 }
 
