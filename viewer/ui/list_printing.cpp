@@ -82,14 +82,13 @@ class PreviewFrame : public wxPreviewFrame {
   PreviewFrame(wxPrintPreview* preview, wxFrame* owner, std::function<void()> closed)
       : wxPreviewFrame(preview, owner, owner->GetTitle(), owner->GetPosition(), owner->GetSize()),
         closed_(std::move(closed)) {
-    // What is disabled behind the preview loses the keyboard, and nothing gets it back.
+    // What is disabled behind the preview loses the keyboard, and nothing gives it back. At once: a
+    // key may wait already.
     const wxWeakRef<wxWindow> focus = wxWindow::FindFocus();
-    Bind(wxEVT_CLOSE_WINDOW, [this, owner, focus](wxCloseEvent& event) {
+    Bind(wxEVT_CLOSE_WINDOW, [this, focus](wxCloseEvent& event) {
       closed_();
-      owner->CallAfter([focus] {
-        if (focus) focus->SetFocus();
-      });
-      event.Skip();
+      OnCloseWindow(event);
+      if (focus) focus->SetFocus();
     });
   }
 
