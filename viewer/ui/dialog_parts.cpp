@@ -1,6 +1,10 @@
 #include "viewer/ui/dialog_parts.h"
 
 #include <wx/button.h>
+#include <wx/textctrl.h>
+#include <wx/utils.h>
+
+#include <memory>
 
 #include "viewer/ui/wx_text.h"
 
@@ -60,6 +64,19 @@ wxSizer* OkAndCancel(wxWindow& dialog, StringId okLabel) {
   sizer->AddButton(cancel);
   sizer->Realize();
   return sizer;
+}
+
+// Alt may be up again by the time the field tells of Enter.
+void BindEnter(wxWindow& field, const std::function<void()>& confirm) {
+  const auto isWithAlt = std::make_shared<bool>(false);
+  field.Bind(wxEVT_CHAR_HOOK, [isWithAlt](wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    if (key == WXK_RETURN || key == WXK_NUMPAD_ENTER) *isWithAlt = event.AltDown();
+    event.Skip();
+  });
+  field.Bind(wxEVT_TEXT_ENTER, [isWithAlt, confirm](wxCommandEvent& event) {
+    *isWithAlt || wxGetKeyState(WXK_ALT) ? event.Skip() : confirm();
+  });
 }
 
 }  // namespace qvl

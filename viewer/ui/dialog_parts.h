@@ -5,6 +5,8 @@
 #include <wx/stattext.h>
 #include <wx/window.h>
 
+#include <functional>
+
 #include "texts/strings.h"
 
 namespace qvl {
@@ -22,6 +24,9 @@ wxStaticText* WrappedText(wxWindow& dialog, StringId text, int width = kDialogTe
 
 /// The confirming button, which is the default one, and the cancelling one, in the system's order.
 wxSizer* OkAndCancel(wxWindow& dialog, StringId okLabel = StringId::kOk);
+
+/// Calls `confirm` for Enter in a field of one line. With Alt, Enter is the key of the details.
+void BindEnter(wxWindow& field, const std::function<void()>& confirm);
 
 }  // namespace qvl
 

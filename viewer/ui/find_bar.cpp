@@ -2,11 +2,11 @@
 
 #include <wx/button.h>
 #include <wx/sizer.h>
-#include <wx/utils.h>
 
 #include <utility>
 
 #include "viewer/ui/accessible_name.h"
+#include "viewer/ui/dialog_parts.h"
 #include "viewer/ui/wx_text.h"
 
 namespace qvl {
@@ -35,12 +35,9 @@ FindBar::FindBar(wxWindow* parent, Handlers handlers)
 
   field_->Bind(wxEVT_TEXT,
                [this](wxCommandEvent&) { handlers_.typed(FromWx(field_->GetValue())); });
-  const auto findNext = [this](wxCommandEvent&) { handlers_.execute(Command::kFindNext); };
-  field_->Bind(wxEVT_TEXT_ENTER, [findNext](wxCommandEvent& event) {
-    // With Alt it is the key of the details.
-    wxGetKeyState(WXK_ALT) ? event.Skip() : findNext(event);
-  });
-  next->Bind(wxEVT_BUTTON, findNext);
+  const auto findNext = [this] { handlers_.execute(Command::kFindNext); };
+  BindEnter(*field_, findNext);
+  next->Bind(wxEVT_BUTTON, [findNext](wxCommandEvent&) { findNext(); });
   previous->Bind(wxEVT_BUTTON,
                  [this](wxCommandEvent&) { handlers_.execute(Command::kFindPrevious); });
   close->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { handlers_.close(); });

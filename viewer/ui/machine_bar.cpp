@@ -2,11 +2,11 @@
 
 #include <wx/sizer.h>
 #include <wx/stattext.h>
-#include <wx/utils.h>
 
 #include <utility>
 
 #include "viewer/ui/accessible_name.h"
+#include "viewer/ui/dialog_parts.h"
 #include "viewer/ui/wx_text.h"
 
 namespace qvl {
@@ -29,12 +29,9 @@ MachineBar::MachineBar(wxWindow* parent, const Handlers& handlers) : wxPanel(par
   SetSizer(row);
 
   // What a choice starts waits for a machine, so the box's own handling ends first.
-  const auto choose = [this, handlers](wxCommandEvent&) { CallAfter(handlers.choose); };
-  box_->Bind(wxEVT_COMBOBOX, choose);
-  box_->Bind(wxEVT_TEXT_ENTER, [choose](wxCommandEvent& event) {
-    // With Alt it is the key of the details.
-    wxGetKeyState(WXK_ALT) ? event.Skip() : choose(event);
-  });
+  const auto choose = [this, handlers] { CallAfter(handlers.choose); };
+  box_->Bind(wxEVT_COMBOBOX, [choose](wxCommandEvent&) { choose(); });
+  BindEnter(*box_, choose);
   browse_->Bind(wxEVT_BUTTON, [handlers](wxCommandEvent&) { handlers.browse(); });
   refresh_->Bind(wxEVT_BUTTON, [handlers](wxCommandEvent&) { handlers.refresh(); });
 }
