@@ -40,6 +40,7 @@ trap 'cd / && rm -rf "$folder"' EXIT
 trap 'exit 1' HUP INT TERM
 cd "$folder" || exit 1
 mkdir messages data
+complaints=messages/err
 hash_is() { [ "$(sha256sum "$1" | cut -d ' ' -f 1)" = "$2" ]; }
 is_empty() { [ ! -s "$1" ]; }
 has_text() { grep -qF -- "$2" "$1"; }

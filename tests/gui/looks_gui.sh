@@ -120,12 +120,6 @@ shows_japanese_help() {
     windows) shows_window "$english_title" ;;
   esac
 }
-shows_window() {
-  for window in $(xdotool search --onlyvisible --class zlkqvxv 2>/dev/null); do
-    [ "$(name_of "$window")" != "$1" ] || return 0
-  done
-  return 1
-}
 headings_are_japanese() { copied ctrl+c | head -n 1 | grep -q '説明.*クラス.*重大度'; }
 
 # ---- Light and dark ----

@@ -85,12 +85,28 @@ type_text() { xdotool type --delay 20 "$1"; }
 windows_titled() { xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | wc -l; }
 are_titled() { [ "$(windows_titled "$1")" -eq "$2" ]; }
 
+# By titles in any language, which xdotool's own search does not know.
+name_of() { xdotool getwindowname "$1" 2>/dev/null; }
+shows_window() {
+  for window in $(xdotool search --onlyvisible --class zlkqvxv 2>/dev/null); do
+    [ "$(name_of "$window")" != "$1" ] || return 0
+  done
+  return 1
+}
+
 # click_at X Y: in the main window.
 click_at() { xdotool mousemove --window "$main" "$1" "$2" click 1; }
 
+clipboard_is_empty() {
+  text=$(timeout 2 xclip -selection clipboard -out 2>/dev/null) && [ -z "$text" ]
+}
+
 # copied KEYS...: what the keys bring into the clipboard; nothing while they bring nothing.
+# What empties it goes on in the background and may take it only then: later than the keys, too,
+# if they did not wait.
 copied() {
   printf '' | xclip -selection clipboard -in >/dev/null
+  wait_until clipboard_is_empty || return 1
   key "$@"
   looks=0
   until text=$(timeout 2 xclip -selection clipboard -out 2>/dev/null) && [ -n "$text" ]; do

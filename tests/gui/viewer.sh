@@ -65,7 +65,6 @@ active_window() {
   active=$(xdotool getactivewindow 2>/dev/null) &&
     [ "$(xdotool getwindowfocus 2>/dev/null)" = "$active" ] && echo "$active"
 }
-name_of() { xdotool getwindowname "$1" 2>/dev/null; }
 size_of_main() { xdotool getwindowgeometry "$main" | awk '/Geometry/ { print $2 }'; }
 has_size() { [ "$(size_of_main)" = "$1" ]; }
 has_ended() { ! kill -0 "$viewer" 2>/dev/null; }
