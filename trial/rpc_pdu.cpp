@@ -1,7 +1,10 @@
 #include "trial/rpc_pdu.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
+
+#include "access/remote_call_runtime.h"
 
 namespace qvl {
 namespace {
@@ -151,8 +154,10 @@ std::vector<std::uint8_t> ContextAnswer(PduType type, std::uint32_t callId,
                                         const std::vector<ContextResult>& results,
                                         const std::optional<PduAuth>& auth) {
   constexpr std::uint32_t kAssociationGroup = 0x51564C;
-  constexpr std::string_view kEndpoint("\\pipe\\zlkrcmc\0", 14);
-  const std::string_view address = type == PduType::kBindAck ? kEndpoint : std::string_view();
+  // With its terminating zero.
+  constexpr std::string_view kAddress(kMonitorEndpoint,
+                                      std::char_traits<char>::length(kMonitorEndpoint) + 1);
+  const std::string_view address = type == PduType::kBindAck ? kAddress : std::string_view();
   WireWriter out = Begin(type, callId);
   out.Add(kFragmentSize);
   out.Add(kFragmentSize);

@@ -10,6 +10,7 @@
 #include <system_error>
 #include <thread>
 
+#include "access/remote_call_runtime.h"
 #include "platform/exclusive_file.h"
 #include "platform/interrupt.h"
 #include "platform/standard_streams.h"
@@ -20,8 +21,6 @@
 namespace qvl {
 namespace {
 
-constexpr const char* kProtocolSequence = "ncacn_np";
-constexpr const char* kEndpoint = "\\pipe\\zlkrcmc";
 constexpr DWORD kLookAroundMilliseconds = 50;
 
 // The run time calls plain functions, from threads of its own.
@@ -74,8 +73,8 @@ RPC_SERVER_INTERFACE InterfaceOf(const TrialOptions& options) {
 Status Listen(RPC_SERVER_INTERFACE& offered) {
   Status status =
       Outcome("RpcServerUseProtseqEp",
-              ::RpcServerUseProtseqEpA(AsRpcText(kProtocolSequence), RPC_C_PROTSEQ_MAX_REQS_DEFAULT,
-                                       AsRpcText(kEndpoint), nullptr));
+              ::RpcServerUseProtseqEpA(AsRpcText(kMonitorSequence), RPC_C_PROTSEQ_MAX_REQS_DEFAULT,
+                                       AsRpcText(kMonitorEndpoint), nullptr));
   if (!status.ok()) return status;
   status = Outcome("RpcServerRegisterAuthInfo",
                    ::RpcServerRegisterAuthInfoA(nullptr, RPC_C_AUTHN_WINNT, nullptr, nullptr));

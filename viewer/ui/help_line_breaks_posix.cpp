@@ -123,7 +123,7 @@ void BreakJapaneseLines() {
   // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
   wxHtmlWindow::AddGlobalProcessor(new BreakingProcessor);
   wxHtmlPrintout::AddFilter(new BreakingFilter);
+  // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
 }
-// NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
 
 }  // namespace qvl
