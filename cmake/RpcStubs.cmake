@@ -39,6 +39,7 @@ function(qvl_rpc_stub target side idl)
   target_link_libraries(${target} PUBLIC rpcrt4)
 
   # Not our code, so not our warnings. MinGW's headers lack the type that Microsoft's define so.
-  set_source_files_properties("${stub}" PROPERTIES COMPILE_OPTIONS -w)
+  set_source_files_properties("${stub}" PROPERTIES
+    COMPILE_OPTIONS -w SKIP_PRECOMPILE_HEADERS ON)
   set_source_files_properties("${stub}" ${ARGN} PROPERTIES COMPILE_DEFINITIONS small=char)
 endfunction()

@@ -64,7 +64,7 @@ WindowPlacement FirstPlacement(const WorkArea& workArea) {
 }  // namespace
 
 std::string SettingsKey(const char* below) {
-  return std::string(kSettingsKey) + "\\" + below;
+  return std::string(kSettingsKey).append("\\").append(below);
 }
 
 std::array<int, kNumberOfColumns> LoadColumnWidths(const Settings& settings) {
