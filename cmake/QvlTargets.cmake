@@ -44,6 +44,7 @@ function(qvl_library name)
     endif()
   endif()
   if(QVL_BUILD_FUZZERS)
+    # It tells the fuzzers which paths their input takes.
     target_compile_options(${name} PRIVATE -fsanitize=fuzzer-no-link)
   endif()
 endfunction()
